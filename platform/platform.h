@@ -206,6 +206,7 @@ enum : OSStatus {
   errDataSizeMismatch = -30598,
   errNoRootControl = -30600,
   kFMInvalidFontFamilyErr = -985,
+  errAECoercionFail = -1700,
 };
 
 // Event classes, kinds, parameters and parameter types.
@@ -220,6 +221,7 @@ enum : UInt32 {
 
 enum : UInt32 {
   kEventWindowCloseRequested = 72,
+  kEventWindowClose = 72,
   kEventWindowClosed = 73,
   kEventControlDraw = 4,
   kEventControlValueFieldChanged = 151,
