@@ -31,4 +31,15 @@ public:
     ADMDialogRef dialog;
     // When the toolkit destroys the dialog, delete this object too.
     bool deleteOnDestroy;
+
+    // What InitProc answers for a dialog that carries no object.
+    static constexpr ASErr kNoBoundObject = 1;
+
+private:
+    static BaseADMDialog* bound_object(ADMDialogRef dialog);
+    ADMDialogRef bind_created(ADMDialogRef made, const bool& gone);
+
+    // Set while Create or CreatePanel runs; the destructor raises it so that a creation whose
+    // failure deleted the object does not store into freed memory.
+    bool* creation_gone_;
 };

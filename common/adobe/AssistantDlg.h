@@ -86,6 +86,20 @@ public:
     void enable_repeat_layers();
 
 protected:
+    // Whether the dialog has the check box and it is checked; false without it.
+    bool is_checked(ADMInt32 id) const;
+
+    // The steps of "Apply" between the snapshot and the layout.
+    A_Err build_layer_list(AEGP_SuiteHandler& suites, A_u_long item_count);
+    void order_layers();
+    void reverse_layers();
+    void shuffle_layers();
+
+    // One record written to its layer; the writes' own results are not looked at.
+    void write_orientation(const LayerInfo& record);
+    void write_position(const LayerInfo& record, const math::TGeomVector3D<double>& offset);
+    void write_scale(const LayerInfo& record);
+
     AEGP_PluginID plugin_id;
     std::list<LayerInfo> layers;
     AEGP_CollectionH collection;  // owned
