@@ -44,7 +44,6 @@ bool isClickable(OSType kind) {
 } // namespace
 
 Outcome typeText(ControlRef editField, std::string_view text, Force force) {
-  Outcome outcome;
   OpaqueControlRef* c = liveControl(editField);
   if (!c) return Outcome{kDriverNoSuchObject};
   if (c->kind != kControlKindEditUnicodeText && c->kind != kControlKindEditText) {
@@ -55,7 +54,7 @@ Outcome typeText(ControlRef editField, std::string_view text, Force force) {
   std::u16string chars = fromUtf8(text, &valid);
   if (!valid) return Outcome{paramErr};
   c->text = std::move(chars);
-  return outcome;
+  return Outcome{noErr, eventNotHandledErr}; // typing sends no event
 }
 
 Outcome click(ControlRef control, Force force) {
