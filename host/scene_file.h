@@ -1,0 +1,46 @@
+// Scene files: a composition with its layers, their values and keyframes, the selection and the
+// host's suite offer, as JSON. Output carries the same format plus copies, undo groups and
+// reports, so a written scene reads back to the same project.
+#pragma once
+
+#include "host/host.h"
+#include "host/project.h"
+
+#include <nlohmann/json.hpp>
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace host {
+
+// A file that cannot be used: one message naming the file, the place (JSON path) and the problem.
+class SceneError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+struct Scene {
+    Project project;
+    bool panels = true;                                  // "host"."panels"
+    std::vector<std::pair<std::string, int32_t>> withhold;  // "host"."withhold", as name and version
+    nlohmann::json settings;                             // "settings" as it stands; null when absent
+};
+
+// Parse `text`; `file_name` is only used in messages. Throws SceneError.
+Scene parseScene(const std::string& text, const std::string& file_name);
+Scene readSceneFile(const std::string& path);
+
+// Makes the scene the host's project and suite offer (handles of the old project die).
+void applyScene(Host& host, Scene scene);
+// Reads and applies; on any error throws SceneError and leaves the host as it was.
+void loadScene(Host& host, const std::string& path, nlohmann::json* settings = nullptr);
+
+// The host's active composition (or its first) as a scene, with copies, undo groups and
+// reports; `settings` is written when it is not null.
+std::string sceneText(const Host& host, const nlohmann::json& settings = nullptr);
+// Throws SceneError when the file cannot be written.
+void saveScene(const Host& host, const std::string& path, const nlohmann::json& settings = nullptr);
+
+}  // namespace host
