@@ -57,8 +57,7 @@ const FaceMetrics& metricsOf(Face face) {
 }
 
 Face faceOfThemeFont(ThemeFontID font) {
-  constexpr ThemeFontID kCurrentPortFont = 200;
-  if (font == kCurrentPortFont) font = state().portFont;
+  if (font == kThemeCurrentPortFont) font = state().portFont;
   return font == kThemeMiniSystemFont ? Face::mini : Face::small;
 }
 

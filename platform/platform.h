@@ -290,6 +290,7 @@ enum : ThemeFontID {
   kThemeSmallSystemFont = 1,
   kThemeSmallEmphasizedSystemFont = 2,
   kThemeMiniSystemFont = 109,
+  kThemeCurrentPortFont = 200,
 };
 
 enum : ThemeDrawState {

@@ -30,8 +30,11 @@ OSStatus HIViewAddSubview(HIViewRef inParent, HIViewRef inNewChild) {
   OpaqueControlRef* parent = liveControl(inParent);
   OpaqueControlRef* child = liveControl(inNewChild);
   if (!parent || !child) return errUnknownControl;
-  // A view has one superview, and a view cannot contain itself.
-  if (child->parent || child->rootOf || isAncestor(child, parent)) return paramErr;
+  // A view has one superview, and a view cannot contain itself. Adding a subview again
+  // brings it to the front.
+  if (child->parent && child->parent != parent) return paramErr;
+  if (child->rootOf || isAncestor(child, parent)) return paramErr;
+  detachFromParent(child);
   parent->children.push_back(child);
   child->parent = parent;
   return noErr;

@@ -168,14 +168,21 @@ TEST_F(ControlTest, ViewsKeepOneSuperviewAndOrderBackToFront) {
   EXPECT_EQ(nullptr, GetControlOwner(a));
   ASSERT_EQ(noErr, HIViewAddSubview(parent, a));
   ASSERT_EQ(noErr, HIViewAddSubview(parent, b));
-  EXPECT_EQ(paramErr, HIViewAddSubview(parent, a));
   EXPECT_EQ(paramErr, HIViewAddSubview(a, parent)); // no cycles
+  EXPECT_EQ(paramErr, HIViewAddSubview(b, a)); // a already has a superview
   EXPECT_EQ(a, HIViewGetFirstSubview(parent));
   EXPECT_EQ(b, HIViewGetNextView(a));
-  ASSERT_EQ(noErr, HIViewRemoveFromSuperview(a));
-  ASSERT_EQ(noErr, HIViewAddSubview(parent, a));
+  EXPECT_EQ(nullptr, HIViewGetNextView(b));
+  ASSERT_EQ(noErr, HIViewAddSubview(parent, a)); // to the front again
   EXPECT_EQ((std::vector<ControlRef>{b, a}), platform::subviews(parent));
+  ASSERT_EQ(noErr, HIViewRemoveFromSuperview(b));
+  EXPECT_EQ(nullptr, HIViewGetSuperview(b));
+  EXPECT_EQ(paramErr, HIViewRemoveFromSuperview(b));
+  ASSERT_EQ(noErr, HIViewAddSubview(a, b));
   EXPECT_EQ(parent, HIViewGetSuperview(a));
+  EXPECT_EQ(a, HIViewGetSuperview(b));
+  DisposeControl(parent);
+  EXPECT_EQ(0u, platform::liveCounts().controls);
 }
 
 TEST_F(ControlTest, ThemeTextDimensionsComeFromTheWidthTable) {

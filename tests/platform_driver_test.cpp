@@ -199,3 +199,43 @@ TEST_F(DriverTest, DefaultDisplayAndReplacedList) {
 }
 
 } // namespace
+
+namespace {
+
+struct PanelCloser {
+  ControlRef panel = nullptr;
+};
+
+OSStatus closePanel(EventHandlerCallRef, EventRef, void* data) {
+  platform::disposePanelView(static_cast<PanelCloser*>(data)->panel);
+  return eventNotHandledErr; // let the command travel on, to views that are gone now
+}
+
+TEST_F(DriverTest, ACommandHandlerMayDisposeThePanelItLivesIn) {
+  PanelCloser closer{platform::createPanelView(Rect{0, 0, 200, 300})};
+  Counter counter;
+  const EventTypeSpec command{kEventClassCommand, kEventCommandProcess};
+  InstallEventHandler(GetControlEventTarget(closer.panel), count, 1, &command, &counter, nullptr);
+  Rect r{0, 0, 20, 80};
+  ControlRef button = nullptr;
+  CreatePushButtonControl(nullptr, &r, nullptr, &button);
+  HIViewAddSubview(closer.panel, button);
+  InstallEventHandler(GetControlEventTarget(button), closePanel, 1, &command, &closer, nullptr);
+  platform::Outcome outcome = platform::click(button);
+  EXPECT_TRUE(outcome.ok());
+  EXPECT_EQ(eventNotHandledErr, outcome.eventStatus);
+  EXPECT_EQ(0, counter.commands); // the disposed panel's handler is not reached
+  EXPECT_EQ(0u, platform::liveCounts().controls);
+  EXPECT_EQ(platform::kDriverNoSuchObject, platform::click(button).refused);
+}
+
+TEST_F(DriverTest, UseThemeFontSetsTheCurrentPortFont) {
+  Str text("Apply");
+  Point p{0, 0};
+  UseThemeFont(kThemeMiniSystemFont, smSystemScript);
+  GetThemeTextDimensions(text, kThemeCurrentPortFont, kThemeStateActive, false, &p, nullptr);
+  EXPECT_EQ(22, p.h);
+  EXPECT_EQ(12, p.v);
+}
+
+} // namespace
