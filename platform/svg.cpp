@@ -88,7 +88,11 @@ private:
     switch (c.kind) {
     case kControlKindGroupBox:
       rect(x, y, w, h, "none", "#9a9a9a", 4);
-      if (!c.title.empty()) text(c.title, x + 8, y - m.ascent / 2, face);
+      if (!c.title.empty()) {
+        // The title interrupts the frame line, as on screen.
+        rect(x + 5, y - m.lineHeight / 2, lineWidth(c.title, face) + 6, m.lineHeight, "#ececec", "none");
+        text(c.title, x + 8, y - m.lineHeight / 2, face);
+      }
       break;
     case kControlKindCheckBox: {
       int box = std::min(m.toggleBox - 2, std::max(h, 8));
