@@ -6,10 +6,8 @@
 namespace platform::detail {
 
 State& state() {
-  static State* instance = [] {
-    auto* s = new State; // never destroyed: plug-in modules may call in while the process ends
-    return s;
-  }();
+  // Never destroyed: a module's static destructors may still call in while the process ends.
+  static State* instance = new State;
   static bool displaysReady = false;
   if (!displaysReady) {
     displaysReady = true;

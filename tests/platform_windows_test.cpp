@@ -105,6 +105,16 @@ TEST_F(WindowTest, CloseBoxWithoutStandardHandlerLeavesTheWindow) {
   EXPECT_EQ(platform::kDriverNoCloseBox, platform::pressCloseBox(noBox).refused);
 }
 
+TEST_F(WindowTest, TheSystemClosingAWindowSendsClosed) {
+  WindowRef w = makeWindow();
+  Recorder r;
+  watchWindow(w, r);
+  EXPECT_EQ(platform::kDriverWindowHidden, platform::pressCloseBox(w).refused);
+  EXPECT_TRUE(platform::closeWindow(w).ok());
+  EXPECT_EQ((std::vector<std::string>{"73"}), r.log);
+  EXPECT_EQ(platform::kDriverNoSuchObject, platform::closeWindow(w).refused);
+}
+
 TEST_F(WindowTest, ShowActivatesAndHideDeactivates) {
   WindowRef first = makeWindow();
   WindowRef second = makeWindow();
