@@ -14,22 +14,22 @@ IASRect place_and_size(const ControlSpec& c)
 void create_control(MainDlg& dlg, const ControlSpec& c)
 {
     switch (c.kind) {
-    case ControlKind::static_text:
+    case SettingKind::static_text:
         dlg.add_static(IASPoint{c.top, c.left}, c.label, c.id);
         break;
-    case ControlKind::edit:
+    case SettingKind::edit:
         dlg.add_edit(place_and_size(c), c.id, c.minimum, c.maximum, c.value);
         break;
-    case ControlKind::check_box:
+    case SettingKind::check_box:
         dlg.add_checkbox(place_and_size(c), c.label, c.id, c.value != 0.0f ? 1 : 0);
         break;
-    case ControlKind::radio:
+    case SettingKind::radio:
         dlg.add_radio(place_and_size(c), c.label, c.id, c.value != 0.0f ? 1 : 0);
         break;
-    case ControlKind::push_button:
+    case SettingKind::push_button:
         dlg.add_ctrl(kADMTextPushButtonType, place_and_size(c), c.label, c.id);
         break;
-    case ControlKind::frame:
+    case SettingKind::frame:
         dlg.add_frame(place_and_size(c), c.label, c.id, kADMEtchedFrameStyle);
         break;
     }

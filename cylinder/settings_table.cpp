@@ -4,7 +4,7 @@
 
 namespace {
 
-using K = ControlKind;
+using K = SettingKind;
 
 constexpr ControlSpec text(ADMInt32 id, const char* name, const char* label, short left, short top, bool shown)
 {
@@ -119,7 +119,7 @@ const std::array<ControlSpec, kCylinderControlCount> kCylinderControls = {{
     check(CHECK_KEY_SCALE, "CHECK_KEY_SCALE", "Scale", 270, 308, 65, 15, false, yes),
     check(CHECK_CROP_TEXT_LAYERS, "CHECK_CROP_TEXT_LAYERS", "Crop Text Layers To Size Of Other 3D Layers", 20, 338,
           320, 17, true, yes),
-    {BUTTON_APPLY, "BUTTON_APPLY", ControlKind::push_button, "Apply", 317, 357, 58, 20, 0.0f, 0.0f, 0.0f, yes},
+    {BUTTON_APPLY, "BUTTON_APPLY", SettingKind::push_button, "Apply", 317, 357, 58, 20, 0.0f, 0.0f, 0.0f, yes},
 }};
 
 const std::array<ControlSpec, kCylinderFrameCount> kCylinderFrames = {{

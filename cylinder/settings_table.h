@@ -58,7 +58,7 @@ inline constexpr float EDIT_REPEAT_COUNT_MIN = 1.0f;
 inline constexpr float EDIT_REPEAT_COUNT_MAX = 10000.0f;
 inline constexpr float EDIT_REPEAT_COUNT_DFLT = 1.0f;
 
-enum class ControlKind { static_text, edit, check_box, radio, push_button, frame };
+enum class SettingKind { static_text, edit, check_box, radio, push_button, frame };
 
 // One control of the dialog. Places are left, top, width, height in the content area; static
 // texts use only left and top. For edits `value` is the default, for check boxes and radios the
@@ -66,7 +66,7 @@ enum class ControlKind { static_text, edit, check_box, radio, push_button, frame
 struct ControlSpec {
     ADMInt32 id;       // 0 for controls never looked up
     const char* name;  // empty for controls never looked up
-    ControlKind kind;
+    SettingKind kind;
     const char* label;
     short left;
     short top;

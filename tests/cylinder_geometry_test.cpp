@@ -1,0 +1,243 @@
+#include "cylinder_fixture.h"
+#include "cylinder/cylinder_constants.h"
+#include "math/constants.h"
+
+#include <cmath>
+
+namespace {
+
+using Vector = MainDlg::Vector;
+constexpr double kPi = math::Constant_PI;
+
+void expect_vector(const Vector& expected, const Vector& actual, double tolerance)
+{
+    EXPECT_NEAR(expected.x, actual.x, tolerance);
+    EXPECT_NEAR(expected.y, actual.y, tolerance);
+    EXPECT_NEAR(expected.z, actual.z, tolerance);
+}
+
+class CylinderGeometryTest : public CylinderTest {};
+
+// ---- Cylinder coordinates ------------------------------------------------------------------
+
+TEST_F(CylinderGeometryTest, PointOnTheAxisHasNoCylinderCoordinatesAtAll)
+{
+    EXPECT_EQ(Vector(0, 0, 0), dlg().cart_to_cyl(Vector(0, 50, 0)));
+    EXPECT_EQ(Vector(0, 0, 0), dlg().cart_to_cyl(Vector(5e-13, 50, -5e-13)));
+}
+
+TEST_F(CylinderGeometryTest, AnglesOfTheFourSides)
+{
+    EXPECT_EQ(Vector(1, 0, 7), dlg().cart_to_cyl(Vector(0, 7, 1)));
+    EXPECT_EQ(Vector(1, 1.5707963267948966, 0), dlg().cart_to_cyl(Vector(1, 0, 0)));
+    EXPECT_EQ(Vector(1, 3.141592653589793, 0), dlg().cart_to_cyl(Vector(0, 0, -1)));
+    const Vector left = dlg().cart_to_cyl(Vector(-1, 0, 0));
+    EXPECT_EQ(1, left.x);
+    EXPECT_DOUBLE_EQ(4.71238898038469, left.y);
+}
+
+TEST_F(CylinderGeometryTest, CylinderAndCartesianAreInverse)
+{
+    const Vector q(250, 2.5, -40);
+    const Vector p = dlg().cyl_to_cart(q);
+    expect_vector(Vector(250 * std::sin(2.5), -40, 250 * std::cos(2.5)), p, 0);
+    expect_vector(q, dlg().cart_to_cyl(p), 1e-12);
+}
+
+TEST_F(CylinderGeometryTest, TangentTurnsTowardIncreasingAngle)
+{
+    Vector phi_dir;
+    Vector z_dir;
+    dlg().get_phi_z_dir(Vector(3, 7, 4), phi_dir, z_dir);
+    expect_vector(Vector(0.8, 0, -0.6), phi_dir, 1e-15);
+    EXPECT_EQ(Vector(0, 1, 0), z_dir);
+    // On the axis the horizontal part is kept as it is.
+    dlg().get_phi_z_dir(Vector(1e-13, 5, 0), phi_dir, z_dir);
+    EXPECT_EQ(Vector(1e-13, 0, 0), phi_dir);
+}
+
+// ---- Surface positions -------------------------------------------------------------------------
+
+TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipse)
+{
+    set_float(EDIT_DIM_X, 1000);
+    set_float(EDIT_DIM_Z, 400);
+    const Vector right = dlg().get_position(kPi / 2, 10, 0);
+    EXPECT_EQ(500, right.x);
+    EXPECT_EQ(10, right.y);
+    EXPECT_NEAR(0, right.z, 1e-10);
+    EXPECT_EQ(Vector(0, 10, 200), dlg().get_position(0, 10, 0));
+    // A point in between lies on x^2/a^2 + z^2/b^2 = 1.
+    const Vector p = dlg().get_position(0.7, -3, 0);
+    EXPECT_NEAR(1, p.x * p.x / 250000 + p.z * p.z / 40000, 1e-15);
+    EXPECT_NEAR(std::tan(0.7), p.x / p.z, 1e-12);
+}
+
+TEST_F(CylinderGeometryTest, GivenRadiusIgnoresTheDialog)
+{
+    set_float(EDIT_DIM_X, 1000);
+    set_float(EDIT_DIM_Z, 400);
+    const Vector p = dlg().get_position(1.2, 30, 250);
+    EXPECT_NEAR(250 * std::sin(1.2), p.x, 1e-12);
+    EXPECT_EQ(30, p.y);
+    EXPECT_NEAR(250 * std::cos(1.2), p.z, 1e-12);
+}
+
+TEST_F(CylinderGeometryTest, NoEllipseMeansNowhere)
+{
+    // Without a window the extents read 0.
+    CylinderDialog windowless(kPluginId);
+    EXPECT_EQ(Vector(1e20, 1e20, 1e20), windowless.get_position(0.3, 10, 0));
+    EXPECT_EQ(Vector(0, 0, 0), windowless.get_norm(Vector(0, 0, 1)));
+    // A radius still gives a circle.
+    EXPECT_EQ(Vector(0, 10, 5), windowless.get_position(0, 10, 5));
+}
+
+// ---- Normals -----------------------------------------------------------------------------------
+
+TEST_F(CylinderGeometryTest, NormalsAtTheFourSides)
+{
+    set_float(EDIT_DIM_X, 1000);
+    set_float(EDIT_DIM_Z, 400);
+    EXPECT_EQ(Vector(1, 0, 0), dlg().get_norm(Vector(500, 17, 0)));
+    EXPECT_EQ(Vector(-1, 0, 0), dlg().get_norm(Vector(-500, 17, 0)));
+    EXPECT_EQ(Vector(0, 0, 1), dlg().get_norm(Vector(0, 17, 200)));
+    EXPECT_EQ(Vector(0, 0, -1), dlg().get_norm(Vector(0, 17, -200)));
+    EXPECT_EQ(Vector(0, 0, 0), dlg().get_norm(error));
+}
+
+TEST_F(CylinderGeometryTest, NormalIsOutwardOnBothHalves)
+{
+    set_float(EDIT_DIM_X, 1000);
+    set_float(EDIT_DIM_Z, 400);
+    for (double phi : {0.4, 2.0, 3.9, 5.5}) {
+        const Vector p = dlg().get_position(phi, 0, 0);
+        Vector expected(p.x / 250000, 0, p.z / 40000);
+        expected.Normalize();
+        expect_vector(expected, dlg().get_norm(p), 1e-12);
+    }
+}
+
+TEST_F(CylinderGeometryTest, NormalNearTheSidesStaysFinite)
+{
+    set_float(EDIT_DIM_X, 1000);
+    set_float(EDIT_DIM_Z, 400);
+    // Just off the side, x^2/a^2 rounds to 1 and there is no slope to take.
+    EXPECT_EQ(Vector(1, 0, 0), dlg().get_norm(Vector(500, 0, 2e-12)));
+    EXPECT_EQ(Vector(-1, 0, 0), dlg().get_norm(Vector(-500, 0, -2e-12)));
+    // Outside the ellipse as well.
+    EXPECT_EQ(Vector(1, 0, 0), dlg().get_norm(Vector(600, 0, 10)));
+}
+
+// ---- Start angle and steps -----------------------------------------------------------------------
+
+TEST_F(CylinderGeometryTest, StartAngleFollowsTheBeginRadiosAndStartsAtTheBottom)
+{
+    double phi = 1;
+    double h = 1;
+    dlg().initial_angles(phi, h);
+    EXPECT_EQ(0, phi);
+    EXPECT_EQ(-1000, h);
+    begin_at(RADIO_BEGIN_BACK);
+    dlg().initial_angles(phi, h);
+    EXPECT_EQ(kPi, phi);
+    begin_at(RADIO_BEGIN_LEFT);
+    dlg().initial_angles(phi, h);
+    EXPECT_EQ(-1.5707963267948966, phi);
+    begin_at(RADIO_BEGIN_RIGHT);
+    dlg().initial_angles(phi, h);
+    EXPECT_EQ(1.5707963267948966, phi);
+    // Front wins over a Right that is set in the other group.
+    set_bool(RADIO_BEGIN_FRONT, true);
+    dlg().initial_angles(phi, h);
+    EXPECT_EQ(0, phi);
+}
+
+TEST_F(CylinderGeometryTest, BeginAtLeftIsMinusHalfPiAndReadsBackAsThreeHalves)
+{
+    begin_at(RADIO_BEGIN_LEFT);
+    double phi = 0;
+    double h = 0;
+    dlg().initial_angles(phi, h);
+    EXPECT_EQ(-kPi / 2, phi);
+    const Vector p = dlg().get_position(phi, h, 0);
+    EXPECT_NEAR(-500, p.x, 1e-12);
+    EXPECT_DOUBLE_EQ(3 * kPi / 2, dlg().cart_to_cyl(p).y);
+}
+
+TEST_F(CylinderGeometryTest, AngularStepWithGivenValues)
+{
+    set_float(EDIT_LONGITUDE_INCREMENT, 5);
+    EXPECT_EQ(0.7853981633974483, dlg().get_phi_increment(0));
+    EXPECT_EQ(0.8726646259971648, dlg().get_phi_increment(1));
+    EXPECT_EQ(0.9599310885968813, dlg().get_phi_increment(2));
+    // The max field takes no part.
+    set_float(EDIT_MAX_LONGITUDE, 10);
+    EXPECT_EQ(0.7853981633974483, dlg().get_phi_increment(0));
+}
+
+TEST_F(CylinderGeometryTest, AngularStepDistributedEvenly)
+{
+    set_bool(CHECK_DISTRIBUTE_EVENLY, true);
+    set_layer_count(8);
+    for (int step : {0, 1, 7, 100}) {
+        EXPECT_EQ(kPi / 4, dlg().get_phi_increment(step)) << step;
+    }
+}
+
+TEST_F(CylinderGeometryTest, HeightStepGrowsByTheIncrementPerRow)
+{
+    EXPECT_EQ(50, dlg().get_z_increment(0));
+    EXPECT_EQ(50, dlg().get_z_increment(3));
+    set_float(EDIT_MIN_LATITUDE, 12.5f);
+    set_float(EDIT_LATITUDE_INCREMENT, 2.25f);
+    EXPECT_EQ(12.5, dlg().get_z_increment(0));
+    EXPECT_EQ(17, dlg().get_z_increment(2));
+}
+
+TEST_F(CylinderGeometryTest, RingStartsOnTheChosenSide)
+{
+    const Vector axes(300, 9, 200);
+    EXPECT_EQ(Vector(0, 0, 200), dlg().initial_pos_at_ring(axes));
+    begin_at(RADIO_BEGIN_BACK);
+    EXPECT_EQ(Vector(0, 0, -200), dlg().initial_pos_at_ring(axes));
+    begin_at(RADIO_BEGIN_LEFT);
+    EXPECT_EQ(Vector(-300, 0, 0), dlg().initial_pos_at_ring(axes));
+    begin_at(RADIO_BEGIN_RIGHT);
+    EXPECT_EQ(Vector(300, 0, 0), dlg().initial_pos_at_ring(axes));
+}
+
+// ---- Into the host's frame ---------------------------------------------------------------------
+
+TEST_F(CylinderGeometryTest, LocateLayerFlipsYAndZAroundTheCentre)
+{
+    set_float(EDIT_SPHERE_CENTER_X, 100);
+    set_float(EDIT_SPHERE_CENTER_Y, 200);
+    set_float(EDIT_SPHERE_CENTER_Z, 300);
+    AEGP_StreamValue value{};
+    value.streamH = reinterpret_cast<AEGP_StreamRefH>(0x1234);
+    dlg().locate_layer(Vector(10, 20, 30), &value);
+    EXPECT_EQ(110, value.val.three_d.x);
+    EXPECT_EQ(-220, value.val.three_d.y);
+    EXPECT_EQ(-330, value.val.three_d.z);
+    EXPECT_EQ(reinterpret_cast<AEGP_StreamRefH>(0x1234), value.streamH);
+}
+
+TEST_F(CylinderGeometryTest, FrontStartReachesTheLayerAroundTheCompCentre)
+{
+    ASSERT_EQ(A_Err_NONE, state().save_selection());
+    ASSERT_EQ(1920, state().comp_width);
+    double phi = 0;
+    double h = 0;
+    dlg().initial_angles(phi, h);
+    const Vector p = dlg().get_position(phi, h, 0);
+    EXPECT_EQ(Vector(0, -1000, 500), p);
+    AEGP_StreamValue value{};
+    dlg().locate_layer(p, &value);
+    const Vector offset = dlg().get_offset();
+    EXPECT_EQ(960, value.val.three_d.x + offset.x);
+    EXPECT_EQ(540 + 1000, value.val.three_d.y + offset.y);
+    EXPECT_EQ(-500, value.val.three_d.z + offset.z);
+}
+
+}  // namespace

@@ -1,0 +1,142 @@
+#include "cylinder_fixture.h"
+#include "math/constants.h"
+
+#include <cmath>
+
+namespace {
+
+using Vector = MainDlg::Vector;
+constexpr double kPi = math::Constant_PI;
+
+struct Angles {
+    double x;
+    double y;
+    double z;
+};
+
+class LayerOrientationTest : public CylinderTest {
+protected:
+    Angles orient(const Vector& n)
+    {
+        AEGP_StreamValue value{};
+        dlg().orient_layer(n, &value);
+        return {value.val.three_d.x, value.val.three_d.y, value.val.three_d.z};
+    }
+
+    // The normal of a layer at angle phi (degrees) around the cylinder.
+    static Vector at(double degrees)
+    {
+        const double phi = degrees * kPi / 180;
+        return Vector(std::sin(phi), 0, std::cos(phi));
+    }
+
+    void inward() { set_bool(RADIO_INWARD, true); }
+};
+
+// Exact values, with the sign of zero.
+void expect_same(double expected, double actual, const char* what)
+{
+    EXPECT_EQ(expected, actual) << what;
+    EXPECT_EQ(std::signbit(expected), std::signbit(actual)) << what << " has the wrong sign of zero";
+}
+
+void expect_angles(Angles expected, Angles actual)
+{
+    expect_same(expected.x, actual.x, "X");
+    expect_same(expected.y, actual.y, "Y");
+    expect_same(expected.z, actual.z, "Z");
+}
+
+// ---- The four sides ------------------------------------------------------------------------------
+
+TEST_F(LayerOrientationTest, OutwardAtFrontRightBackLeft)
+{
+    expect_angles({-0.0, -0.0, -0.0}, orient(Vector(0, 0, 1)));
+    expect_angles({-0.0, -90, 0}, orient(Vector(1, 0, 0)));
+    expect_angles({-180, 0, -180}, orient(Vector(0, 0, -1)));
+    expect_angles({-0.0, 90, 0}, orient(Vector(-1, 0, 0)));
+}
+
+TEST_F(LayerOrientationTest, InwardTurnsAHalfCircleMore)
+{
+    inward();
+    expect_angles({-0.0, 180, -0.0}, orient(Vector(0, 0, 1)));
+    expect_angles({-0.0, 90, 0}, orient(Vector(1, 0, 0)));
+    expect_angles({-180, 180, -180}, orient(Vector(0, 0, -1)));
+    expect_angles({-0.0, 270, 0}, orient(Vector(-1, 0, 0)));
+}
+
+TEST_F(LayerOrientationTest, NormalsFromTheDialogsEllipseAtTheSides)
+{
+    const double a = 500;
+    const double b = 500;
+    expect_angles({-0.0, -0.0, -0.0}, orient(dlg().get_norm(Vector(0, 0, b))));
+    expect_angles({-0.0, -90, 0}, orient(dlg().get_norm(Vector(a, 0, 0))));
+    expect_angles({-180, 0, -180}, orient(dlg().get_norm(Vector(0, 0, -b))));
+    expect_angles({-0.0, 90, 0}, orient(dlg().get_norm(Vector(-a, 0, 0))));
+}
+
+// ---- Halves of the cylinder -----------------------------------------------------------------------
+
+TEST_F(LayerOrientationTest, FrontHalfTurnsOnlyAboutTheVertical)
+{
+    for (double degrees : {10.0, 45.0, 80.0}) {
+        const Angles r = orient(at(degrees));
+        expect_same(-0.0, r.x, "X");
+        EXPECT_NEAR(-degrees, r.y, 1e-12) << degrees;
+        expect_same(-0.0, r.z, "Z");
+    }
+    for (double degrees : {280.0, 315.0, 350.0}) {
+        const Angles r = orient(at(degrees));
+        expect_same(-0.0, r.x, "X");
+        EXPECT_NEAR(360 - degrees, r.y, 1e-12) << degrees;
+        expect_same(-0.0, r.z, "Z");
+    }
+}
+
+TEST_F(LayerOrientationTest, BackHalfFlipsXAndZ)
+{
+    for (double degrees : {100.0, 135.0, 180.0, 225.0, 260.0}) {
+        const Angles r = orient(at(degrees));
+        EXPECT_EQ(-180, r.x) << degrees;
+        EXPECT_NEAR(degrees - 180, r.y, 1e-12) << degrees;
+        EXPECT_EQ(-180, r.z) << degrees;
+    }
+}
+
+TEST_F(LayerOrientationTest, NearlySidewaysNormalTakesTheSideRule)
+{
+    // cos phi = 5e-13 is within 1e-12 of the side: no turn about X or Z, and Z stays +0.
+    const Angles r = orient(Vector(1, 0, 5e-13));
+    expect_same(-0.0, r.x, "X");
+    EXPECT_NEAR(-90, r.y, 1e-9);
+    expect_same(0.0, r.z, "Z");
+    // Just beyond the threshold the front-half rule applies, with its negative zero.
+    const Angles front = orient(Vector(1, 0, 1e-11));
+    expect_same(-0.0, front.z, "Z");
+}
+
+TEST_F(LayerOrientationTest, ZeroNormal)
+{
+    expect_angles({-0.0, -0.0, 0}, orient(Vector(0, 0, 0)));
+    inward();
+    expect_angles({-0.0, 180, 0}, orient(Vector(0, 0, 0)));
+}
+
+// ---- Whether orientation is written -----------------------------------------------------------------
+
+TEST_F(LayerOrientationTest, OrientationIsWrittenUnlessTheSectorExcludesEverything)
+{
+    EXPECT_TRUE(dlg().is_orient_changed());
+    set_bool(RADIO_SECTOR, true);
+    EXPECT_TRUE(dlg().is_orient_changed());  // the front box is on by default
+    set_bool(CHECK_SECTOR_FRONT, false);
+    EXPECT_FALSE(dlg().is_orient_changed());
+    set_bool(CHECK_SECTOR_LEFT, true);
+    EXPECT_TRUE(dlg().is_orient_changed());
+    set_bool(CHECK_SECTOR_LEFT, false);
+    set_bool(RADIO_WHOLE_CYLINDER, true);
+    EXPECT_TRUE(dlg().is_orient_changed());
+}
+
+}  // namespace
