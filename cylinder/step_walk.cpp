@@ -1,0 +1,74 @@
+#include "cylinder/step_walk.h"
+
+#include "cylinder/cylinder_constants.h"
+
+#include <limits>
+
+namespace {
+
+// A row is full once the travelled angle reaches a whole turn, give or take rounding.
+constexpr double kRowWrap = math::Constant_2PI - EPS;
+constexpr int kMaxCount = std::numeric_limits<int>::max();
+
+} // namespace
+
+StepWalk::StepWalk(const MainDlg& dlg) : dlg_(dlg)
+{
+    dlg_.initial_angles(phi0_, h_);
+    phi_ = phi0_;
+    top_ = static_cast<double>(dlg_.get_float(EDIT_DIM_Y)) * 0.5;
+    p_ = dlg_.get_position(phi0_, h_, 0);
+}
+
+bool StepWalk::is_free(const A_LPoint& size) const
+{
+    return dlg_.is_pos_valid(p_) && !dlg_.intersects(p_, size, false);
+}
+
+// Without a bound of their own, zero steps would search forever for a layer that fits nowhere.
+// The walk ends only where every later step would test a place already refused in this search:
+// - an angular step that moved neither the angle nor the travelled angle, with the next step no
+//   larger: the step fields are never negative, so the steps stay that size and the row never fills;
+// - a row change that left the height as it was, with the next height step the same, after this
+//   layer has already walked a whole row from the start angle: every later row repeats that row.
+// A layout that would end by itself is therefore never cut short. The int counters are also bounded,
+// which only steps far too small to type reasonably could reach.
+bool StepWalk::advance(const A_LPoint& size)
+{
+    bool walked_row = false;
+    for (;;) {
+        if (k_ == kMaxCount || m_ == kMaxCount) {
+            return false;
+        }
+        const double d = dlg_.get_phi_increment(k_);
+        const double phi_before = phi_;
+        const double acc_before = acc_;
+        phi_ += d;
+        acc_ += d;
+        ++k_;
+        bool stalled = false;
+        if (acc_ > kRowWrap) {
+            const double dz = dlg_.get_z_increment(m_);
+            const double h_before = h_;
+            h_ += dz;
+            ++m_;
+            if (h_ > top_) {
+                return false;
+            }
+            stalled = walked_row && h_ == h_before && dlg_.get_z_increment(m_) == dz;
+            phi_ = phi0_;
+            acc_ = 0;
+            k_ = 0;
+            walked_row = true;
+        } else {
+            stalled = phi_ == phi_before && acc_ == acc_before && dlg_.get_phi_increment(k_) <= d;
+        }
+        p_ = dlg_.get_position(phi_, h_, 0);
+        if (is_free(size)) {
+            return true;
+        }
+        if (stalled) {
+            return false;
+        }
+    }
+}
