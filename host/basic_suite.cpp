@@ -1,0 +1,188 @@
+// The basic suite: suites served by name and version, counted per acquire and release, and
+// refused when withheld.
+#include "host/host_state.h"
+#include "host/suite_tables.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace host {
+
+namespace detail {
+
+const void* suiteTable(std::string_view name, int32_t version) {
+    struct Entry {
+        std::string_view name;
+        int32_t version;
+        const void* table;
+    };
+    const Entry entries[] = {
+        {kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1, registerSuite1()},
+        {kAEGPCommandSuite, kAEGPCommandSuiteVersion1, commandSuite1()},
+        {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3, utilitySuite3()},
+        {kAEGPCollectionSuite, kAEGPCollectionSuiteVersion1, collectionSuite1()},
+        {kAEGPCompSuite, kAEGPCompSuiteVersion4, compSuite4()},
+        {kAEGPItemSuite, kAEGPItemSuiteVersion3, itemSuite3()},
+        {kAEGPLayerSuite, kAEGPLayerSuiteVersion5, layerSuite5()},
+        {kAEGPLayerSuite, kAEGPLayerSuiteVersion8, layerSuite8()},
+        {kAEGPLayerSuite, kAEGPLayerSuiteVersion10, layerSuite10()},
+        {kAEGPStreamSuite, kAEGPStreamSuiteVersion4, streamSuite4()},
+        {kAEGPKeyframeSuite, kAEGPKeyframeSuiteVersion1, keyframeSuite1()},
+        {kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1, panelSuite1()},
+        {kPFAppSuite, kPFAppSuiteVersion2, appSuite2()},
+    };
+    for (const Entry& e : entries) {
+        if (e.name == name && e.version == version) {
+            return e.table;
+        }
+    }
+    return nullptr;
+}
+
+namespace {
+
+SPErr acquireSuite(const char* name, int32_t version, const void** suite) {
+    A_Err err = A_Err_NONE;
+    State* s = enter("AcquireSuite", err);
+    if (s == nullptr) {
+        return err;
+    }
+    if (name == nullptr || suite == nullptr) {
+        return A_Err_PARAMETER;
+    }
+    const std::string key = suiteKey(name, version);
+    const void* table = suiteTable(name, version);
+    if (table == nullptr || s->withheld.count(key) != 0) {
+        return A_Err_MISSING_SUITE;
+    }
+    ++s->suite_counts[key].acquired;
+    *suite = table;
+    return A_Err_NONE;
+}
+
+SPErr releaseSuite(const char* name, int32_t version) {
+    A_Err err = A_Err_NONE;
+    State* s = enter("ReleaseSuite", err);
+    if (s == nullptr) {
+        return err;
+    }
+    if (name == nullptr) {
+        return A_Err_PARAMETER;
+    }
+    auto it = s->suite_counts.find(suiteKey(name, version));
+    if (it == s->suite_counts.end() || it->second.released >= it->second.acquired) {
+        ++s->stray_releases;
+        return A_Err_PARAMETER;
+    }
+    ++it->second.released;
+    return A_Err_NONE;
+}
+
+A_Boolean isEqual(const char* a, const char* b) {
+    A_Err err = A_Err_NONE;
+    if (enter("IsEqual", err) == nullptr) {
+        return 0;
+    }
+    return a != nullptr && b != nullptr && std::strcmp(a, b) == 0;
+}
+
+SPErr allocateBlock(std::size_t size, void** block) {
+    A_Err err = A_Err_NONE;
+    if (enter("AllocateBlock", err) == nullptr) {
+        return err;
+    }
+    if (block == nullptr) {
+        return A_Err_PARAMETER;
+    }
+    void* p = std::malloc(size == 0 ? 1 : size);
+    if (p == nullptr) {
+        return A_Err_ALLOC;
+    }
+    *block = p;
+    return A_Err_NONE;
+}
+
+SPErr freeBlock(void* block) {
+    A_Err err = A_Err_NONE;
+    if (enter("FreeBlock", err) == nullptr) {
+        return err;
+    }
+    std::free(block);
+    return A_Err_NONE;
+}
+
+SPErr reallocateBlock(void* block, std::size_t new_size, void** new_block) {
+    A_Err err = A_Err_NONE;
+    if (enter("ReallocateBlock", err) == nullptr) {
+        return err;
+    }
+    if (new_block == nullptr) {
+        return A_Err_PARAMETER;
+    }
+    void* p = std::realloc(block, new_size == 0 ? 1 : new_size);
+    if (p == nullptr) {
+        return A_Err_ALLOC;
+    }
+    *new_block = p;
+    return A_Err_NONE;
+}
+
+SPErr undefined() {
+    A_Err err = A_Err_NONE;
+    if (enter("Undefined", err) == nullptr) {
+        return err;
+    }
+    return A_Err_GENERIC;
+}
+
+}  // namespace
+
+void initBasicSuite(SPBasicSuite& basic) {
+    basic = SPBasicSuite{acquireSuite, releaseSuite, isEqual, allocateBlock, freeBlock, reallocateBlock, undefined};
+}
+
+}  // namespace detail
+
+std::string suiteKey(std::string_view name, int32_t version) {
+    return std::string(name) + "/" + std::to_string(version);
+}
+
+SPBasicSuite* Host::basicSuite() { return &state_->basic; }
+
+void Host::withholdSuite(std::string_view name, int32_t version) { state_->withheld.insert(suiteKey(name, version)); }
+
+void Host::offerSuite(std::string_view name, int32_t version) { state_->withheld.erase(suiteKey(name, version)); }
+
+bool Host::isWithheld(std::string_view name, int32_t version) const {
+    return state_->withheld.count(suiteKey(name, version)) != 0;
+}
+
+std::vector<std::string> Host::withheldSuites() const {
+    return std::vector<std::string>(state_->withheld.begin(), state_->withheld.end());
+}
+
+int Host::acquireCount(std::string_view name, int32_t version) const {
+    auto it = state_->suite_counts.find(suiteKey(name, version));
+    return it == state_->suite_counts.end() ? 0 : it->second.acquired;
+}
+
+int Host::releaseCount(std::string_view name, int32_t version) const {
+    auto it = state_->suite_counts.find(suiteKey(name, version));
+    return it == state_->suite_counts.end() ? 0 : it->second.released;
+}
+
+bool Host::allSuitesReleased() const { return unreleasedSuites().empty(); }
+
+std::vector<std::string> Host::unreleasedSuites() const {
+    std::vector<std::string> out;
+    for (const auto& [key, count] : state_->suite_counts) {
+        if (count.acquired != count.released) {
+            out.push_back(key);
+        }
+    }
+    return out;
+}
+
+int Host::strayReleases() const { return state_->stray_releases; }
+
+}  // namespace host
