@@ -48,7 +48,11 @@ void MainDlg::orient_layer(const Vector& n, AEGP_StreamValue* value) const
         x = A ^ n1;
     }
     value->val.three_d.x = degrees(-x);
-    value->val.three_d.y = degrees(y) + (get_bool(RADIO_INWARD) ? 180 : 0);
+    value->val.three_d.y = degrees(y);
+    // Added only when inward, so that an outward -0 keeps its sign.
+    if (get_bool(RADIO_INWARD)) {
+        value->val.three_d.y += 180;
+    }
     value->val.three_d.z = degrees(z);
 }
 
