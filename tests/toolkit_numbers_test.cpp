@@ -1,0 +1,135 @@
+// Numbers in edit fields: how values are shown and how typed text is read back.
+#include "toolkit_fixture.h"
+
+#include <cmath>
+
+namespace {
+
+class EditNumbers : public ToolkitTest {
+protected:
+    void SetUp() override {
+        ToolkitTest::SetUp();
+        dialog = makeWindowDialog();
+        edit = add(dialog, 7, kADMTextEditType);
+        sADMItem->SetMinFloatValue(edit, 1);
+        sADMItem->SetMaxFloatValue(edit, 100);
+        sADMItem->SetFloatValue(edit, 5);
+    }
+    void TearDown() override {
+        sADMDialog->Destroy(dialog);
+        ToolkitTest::TearDown();
+    }
+    std::string shown() const { return platform::controlText(find(7)); }
+    void type(const char* text) { ASSERT_TRUE(platform::typeText(find(7), text, platform::Force::yes).ok()); }
+
+    ADMDialogRef dialog = nullptr;
+    ADMItemRef edit = nullptr;
+};
+
+std::string formatted(ADMItemRef item, float value) {
+    char text[64] = "untouched";
+    EXPECT_TRUE(sADMItem->DefaultFloatToText(item, value, text, sizeof text));
+    return text;
+}
+
+TEST_F(EditNumbers, ValuesAreShownWithoutTrailingZeros) {
+    EXPECT_EQ("2.5", formatted(edit, 2.5f));
+    EXPECT_EQ("3", formatted(edit, 3.0f));
+    EXPECT_EQ("0", formatted(edit, 0.0f));
+    EXPECT_EQ("-0.25", formatted(edit, -0.25f));
+    EXPECT_EQ("0.333333", formatted(edit, 1.0f / 3.0f));
+    // Zeros before the decimal point belong to the number.
+    EXPECT_EQ("100", formatted(edit, 100.0f));
+    EXPECT_EQ("1200", formatted(edit, 1200.0f));
+    EXPECT_EQ("0.05", formatted(edit, 0.05f));
+}
+
+TEST_F(EditNumbers, FormattingRespectsTheBufferLength) {
+    char text[4];
+    EXPECT_TRUE(sADMItem->DefaultFloatToText(edit, 12.5f, text, sizeof text));
+    EXPECT_STREQ("12.", text);
+}
+
+TEST_F(EditNumbers, SettingValueOrLimitsRewritesTheFieldWithoutClamping) {
+    EXPECT_EQ("5", shown());
+    sADMItem->SetFloatValue(edit, 2.50f);
+    EXPECT_EQ("2.5", shown());
+    sADMItem->SetFloatValue(edit, 250);
+    EXPECT_EQ("250", shown());
+    type("junk");
+    sADMItem->SetMaxFloatValue(edit, 10);
+    EXPECT_EQ("250", shown());
+}
+
+TEST_F(EditNumbers, TypedTextIsReadAndClampedToTheLimits) {
+    type("250");
+    EXPECT_FLOAT_EQ(100.0f, sADMItem->GetFloatValue(edit));
+    type("12.5mm");
+    EXPECT_FLOAT_EQ(12.5f, sADMItem->GetFloatValue(edit));
+    EXPECT_EQ("12.5mm", shown());  // reading does not rewrite what the user typed
+    type("-3");
+    EXPECT_FLOAT_EQ(1.0f, sADMItem->GetFloatValue(edit));
+    type("  +42");
+    EXPECT_FLOAT_EQ(42.0f, sADMItem->GetFloatValue(edit));
+}
+
+TEST_F(EditNumbers, TextThatIsNoNumberKeepsTheValue) {
+    type("33");
+    ASSERT_FLOAT_EQ(33.0f, sADMItem->GetFloatValue(edit));
+    for (const char* text : {"abc", "", "inf", "nan", "-", "."}) {
+        type(text);
+        EXPECT_FLOAT_EQ(33.0f, sADMItem->GetFloatValue(edit)) << '"' << text << '"';
+    }
+}
+
+TEST_F(EditNumbers, IntegersAreReadTruncatedAndStored) {
+    type("7.9");
+    EXPECT_EQ(7, sADMItem->GetIntValue(edit));
+    type("");
+    EXPECT_EQ(7, sADMItem->GetIntValue(edit));  // the stored value, from the last reading
+    type("250");
+    EXPECT_EQ(100, sADMItem->GetIntValue(edit));
+    type("99999999999999999999999");
+    EXPECT_EQ(100, sADMItem->GetIntValue(edit));
+}
+
+TEST_F(EditNumbers, EmptyTextGivesTheStoredValueTruncatedTowardZero) {
+    sADMItem->SetMinFloatValue(edit, -100);
+    sADMItem->SetFloatValue(edit, 42.8f);
+    type("");
+    EXPECT_EQ(42, sADMItem->GetIntValue(edit));
+    sADMItem->SetFloatValue(edit, -3.7f);
+    type("x");
+    EXPECT_EQ(-3, sADMItem->GetIntValue(edit));
+}
+
+TEST_F(EditNumbers, LimitsBetweenIntegersClampToTheirTruncation) {
+    sADMItem->SetMaxFloatValue(edit, 9.75f);
+    type("12");
+    EXPECT_EQ(9, sADMItem->GetIntValue(edit));
+}
+
+TEST_F(EditNumbers, DefaultTextToFloatReadsTheLeadingNumber) {
+    ADMFloat value = -1;
+    EXPECT_TRUE(sADMItem->DefaultTextToFloat(edit, "12.5mm", &value));
+    EXPECT_FLOAT_EQ(12.5f, value);
+    EXPECT_TRUE(sADMItem->DefaultTextToFloat(edit, "-.5e1", &value));
+    EXPECT_FLOAT_EQ(-5.0f, value);
+    value = -1;
+    EXPECT_FALSE(sADMItem->DefaultTextToFloat(edit, "abc", &value));
+    EXPECT_FLOAT_EQ(-1.0f, value);
+    // Only decimal numbers: a hexadecimal form reads as its leading zero.
+    EXPECT_TRUE(sADMItem->DefaultTextToFloat(edit, "0x10", &value));
+    EXPECT_FLOAT_EQ(0.0f, value);
+    EXPECT_FALSE(sADMItem->DefaultTextToFloat(edit, nullptr, &value));
+}
+
+TEST_F(EditNumbers, UnitsAndStylesLeaveTheTextAlone) {
+    sADMItem->SetFloatValue(edit, 12.5f);
+    sADMItem->SetUnits(edit, kADMMillimeterUnits);
+    sADMItem->ShowUnits(edit, true);
+    sADMItem->SetItemStyle(edit, 3);
+    EXPECT_EQ("12.5", shown());
+}
+
+}  // namespace

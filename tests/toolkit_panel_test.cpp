@@ -1,0 +1,194 @@
+// Dialogs inside host workspace panels: the panel functions, snap size, background, title,
+// labels beside controls, and destruction by the host or by the plug-in.
+#include "toolkit_fixture.h"
+
+namespace {
+
+using PanelDialogs = ToolkitTest;
+
+TEST_F(PanelDialogs, CreationFillsThePanelFunctionsAndRefcon) {
+    ADMDialogRef dialog = makePanelDialog();
+    ASSERT_NE(nullptr, dialog);
+    EXPECT_NE(nullptr, panelFunctions.GetSnapSizes);
+    EXPECT_EQ(nullptr, panelFunctions.PopulateFlyout);
+    EXPECT_EQ(nullptr, panelFunctions.DoFlyoutCommand);
+    EXPECT_EQ(static_cast<void*>(dialog), static_cast<void*>(panelRefcon));
+    EXPECT_FALSE(sADMDialog->IsVisible(dialog));
+    EXPECT_FALSE(sADMDialog->IsEnabled(dialog));
+    EXPECT_TRUE(platform::windows().empty());
+    sADMDialog->Destroy(dialog);
+}
+
+TEST_F(PanelDialogs, TheSnapSizeIsTheLastSizeGiven) {
+    ADMDialogRef dialog = makePanelDialog();
+    const IASRect placed{20, 30, 120, 280};
+    sADMDialog->SetBoundsRect(dialog, &placed);
+    A_LPoint size{};
+    A_long count = 0;
+    EXPECT_EQ(A_Err_NONE, panelFunctions.GetSnapSizes(panelRefcon, &size, &count));
+    EXPECT_EQ(1, count);
+    EXPECT_EQ(250, size.x);
+    EXPECT_EQ(100, size.y);
+
+    const IASRect local{0, 0, 180, 320};
+    sADMDialog->SetLocalRect(dialog, &local);
+    IASRect bounds{};
+    sADMDialog->GetBoundsRect(dialog, &bounds);
+    EXPECT_EQ((IASRect{20, 30, 200, 350}), bounds);
+    panelFunctions.GetSnapSizes(panelRefcon, &size, &count);
+    EXPECT_EQ(320, size.x);
+    EXPECT_EQ(180, size.y);
+
+    A_LPoint untouched{-1, -1};
+    A_long untouchedCount = -1;
+    EXPECT_EQ(A_Err_NONE, panelFunctions.GetSnapSizes(nullptr, &untouched, &untouchedCount));
+    EXPECT_EQ(-1, untouched.x);
+    EXPECT_EQ(-1, untouchedCount);
+    sADMDialog->Destroy(dialog);
+}
+
+TEST_F(PanelDialogs, TheBackgroundTakesTheHostColour) {
+    ADMDialogRef dialog = makePanelDialog();
+    platform::DrawRecord plain = platform::drawView(panelView);
+    EXPECT_EQ(noErr, plain.status);
+    EXPECT_TRUE(plain.fills.empty());  // without the host's app suite there is no colour to paint
+
+    useAppSuite();
+    platform::DrawRecord painted = platform::drawView(panelView);
+    EXPECT_EQ(noErr, painted.status);
+    ASSERT_EQ(1u, painted.fills.size());
+    EXPECT_DOUBLE_EQ(0x3333 / 65535.0, painted.fills[0].red);
+    EXPECT_DOUBLE_EQ(0x6666 / 65535.0, painted.fills[0].green);
+    EXPECT_DOUBLE_EQ(0x9999 / 65535.0, painted.fills[0].blue);
+    EXPECT_DOUBLE_EQ(1.0, painted.fills[0].alpha);
+    EXPECT_DOUBLE_EQ(400.0, painted.fills[0].rect.size.width);
+    EXPECT_DOUBLE_EQ(300.0, painted.fills[0].rect.size.height);
+    sADMDialog->Destroy(dialog);
+}
+
+TEST_F(PanelDialogs, TheTitleGoesToTheHostPanel) {
+    ADMDialogRef dialog = makePanelDialog();
+    sADMDialog->SetText(dialog, "Orbisett");
+    EXPECT_EQ("Orbisett", lastPanelTitle);
+    sADMDialog->Destroy(dialog);
+}
+
+TEST_F(PanelDialogs, DisposingTheContainerDestroysTheDialogOnce) {
+    ADMDialogRef dialog = makePanelDialog();
+    add(dialog, 1, kADMTextCheckBoxType);
+    add(dialog, 2, kADMPopupMenuType);
+    platform::disposePanelView(panelView);
+    EXPECT_EQ(1, recorder.destroyed);
+    EXPECT_EQ(0u, platform::liveCounts().handlers);
+    EXPECT_EQ(0u, platform::liveCounts().menus);
+}
+
+TEST_F(PanelDialogs, AfterSuiteDestroyTheContainerNoLongerReachesTheDialog) {
+    ADMDialogRef dialog = makePanelDialog();
+    add(dialog, 1, kADMTextCheckBoxType);
+    ControlRef box = find(1);
+    sADMDialog->Destroy(dialog);
+    EXPECT_EQ(1, recorder.destroyed);
+    EXPECT_EQ(0u, platform::liveCounts().handlers);
+
+    // The host still shows its view with the controls left in it.
+    EXPECT_EQ(eventNotHandledErr, platform::drawView(panelView).status);
+    ASSERT_TRUE(platform::click(box).ok());
+    EXPECT_TRUE(recorder.notes.empty());
+    platform::disposePanelView(panelView);
+    EXPECT_EQ(1, recorder.destroyed);
+}
+
+class PanelLabels : public ToolkitTest {
+protected:
+    void SetUp() override {
+        ToolkitTest::SetUp();
+        dialog = makePanelDialog();
+    }
+    void TearDown() override {
+        sADMDialog->Destroy(dialog);
+        ToolkitTest::TearDown();
+    }
+    // The static texts in the panel view, back to front.
+    std::vector<ControlRef> labels() const {
+        std::vector<ControlRef> found;
+        for (ControlRef view : platform::subviews(panelView)) {
+            if (platform::controlKindName(view) == "stxt") found.push_back(view);
+        }
+        return found;
+    }
+    static Rect boundsOf(ControlRef c) {
+        Rect r{};
+        GetControlBounds(c, &r);
+        return r;
+    }
+
+    ADMDialogRef dialog = nullptr;
+};
+
+TEST_F(PanelLabels, ACheckBoxGetsALabelRightOfItsBox) {
+    ADMItemRef box = add(dialog, 5, kADMTextCheckBoxType, {40, 20, 56, 140});
+    sADMItem->SetText(box, "Outward");
+    ASSERT_EQ(1u, labels().size());
+    ControlRef label = labels()[0];
+    EXPECT_EQ("Outward", platform::controlText(label));
+    EXPECT_EQ("", platform::controlTitle(find(5)));
+    EXPECT_EQ((Rect{42, 39, 56, 140}), boundsOf(label));
+    EXPECT_EQ((Rect{40, 20, 56, 38}), boundsOf(find(5)));
+
+    sADMItem->SetText(box, "Inward");
+    ASSERT_EQ(1u, labels().size());
+    EXPECT_EQ("Inward", platform::controlText(labels()[0]));
+    char text[32];
+    ASSERT_TRUE(sADMItem->GetText(box, text, sizeof text));
+    EXPECT_STREQ("Inward", text);
+}
+
+TEST_F(PanelLabels, AFrameLabelSitsAboveItsLine) {
+    ADMItemRef frame = add(dialog, 6, kADMFrameType, {10, 10, 110, 210});
+    sADMItem->SetText(frame, "Centre");
+    ASSERT_EQ(1u, labels().size());
+    EXPECT_EQ((Rect{10, 19, 22, 210}), boundsOf(labels()[0]));
+    EXPECT_EQ((Rect{23, 10, 110, 210}), boundsOf(find(6)));
+    IASRect whole{};
+    sADMItem->GetBoundsRect(frame, &whole);
+    EXPECT_EQ((IASRect{10, 10, 110, 210}), whole);
+}
+
+TEST_F(PanelLabels, AnEmptyTextMakesNoLabel) {
+    ADMItemRef radio = add(dialog, 7, kADMTextRadioButtonType);
+    sADMItem->SetText(radio, "");
+    EXPECT_TRUE(labels().empty());
+}
+
+TEST_F(PanelLabels, ShowAndEnableReachControlAndLabel) {
+    ADMItemRef box = add(dialog, 5, kADMTextCheckBoxType);
+    sADMItem->SetText(box, "Scale");
+    sADMItem->Show(box, false);
+    sADMItem->Enable(box, false);
+    EXPECT_FALSE(IsControlVisible(find(5)));
+    EXPECT_FALSE(IsControlVisible(labels()[0]));
+    EXPECT_FALSE(IsControlEnabled(labels()[0]));
+    EXPECT_FALSE(sADMItem->IsEnabled(box));
+    sADMItem->Show(box, true);
+    sADMItem->Enable(box, true);
+    EXPECT_TRUE(IsControlVisible(labels()[0]));
+    EXPECT_TRUE(sADMItem->IsEnabled(box));
+}
+
+TEST_F(PanelLabels, TextTakesTheHostColourExceptInEditFields) {
+    useAppSuite();
+    ADMItemRef box = add(dialog, 5, kADMTextCheckBoxType);
+    add(dialog, 8, kADMTextEditType);
+    sADMItem->SetText(box, "Scale");
+    ControlFontStyleRec style{};
+    GetControlData(labels()[0], 0, kControlFontStyleTag, sizeof style, &style, nullptr);
+    EXPECT_EQ(0x209, style.flags);
+    EXPECT_EQ(kControlFontMiniSystemFont, style.font);
+    EXPECT_EQ(0xFFFF, style.foreColor.red);
+    EXPECT_EQ(0x8000, style.foreColor.green);
+    GetControlData(find(8), 0, kControlFontStyleTag, sizeof style, &style, nullptr);
+    EXPECT_EQ(0x201, style.flags);
+}
+
+}  // namespace

@@ -1,0 +1,20 @@
+// How edit fields show and read numbers.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace toolkit {
+
+// "%f" with trailing zeros removed, and the decimal point too when nothing follows it.
+std::string formatNumber(double value);
+
+// A decimal number at the start of the text; trailing characters are ignored. None when no
+// character forms a number.
+std::optional<double> parseLeadingNumber(const char* text);
+
+// A base-10 integer at the start of the text. A number too long for 64 bits saturates.
+std::optional<int64_t> parseLeadingInteger(const char* text);
+
+}  // namespace toolkit
