@@ -1,0 +1,283 @@
+#include "cylinder_fixture.h"
+#include "layout_records.h"
+
+#include <cmath>
+#include <vector>
+
+namespace {
+
+using namespace layout_records;
+
+// One panel read back from its record: centre, direction of travel, and width.
+struct Panel {
+    Vector centre;
+    Vector direction;
+    double width;
+
+    Vector near_edge() const { return centre - 0.5 * width * direction; }
+    Vector far_edge() const { return centre + 0.5 * width * direction; }
+};
+
+class EquatorialRingTest : public CylinderTest {
+protected:
+    void SetUp() override
+    {
+        CylinderTest::SetUp();
+        for (ADMInt32 r : {RADIO_WHOLE_CYLINDER, RADIO_SECTOR, RADIO_EQUATOR_ONLY}) {
+            set_bool(r, r == RADIO_EQUATOR_ONLY);
+        }
+        set_bool(CHECK_CREATE_RING, true);
+        set_float(EDIT_DIM_X, 1000);
+        set_float(EDIT_DIM_Z, 1000);
+    }
+
+    std::list<LayerInfo>& records() { return state().layers; }
+
+    void widths(std::initializer_list<A_long> ws)
+    {
+        set_layer_count(0);
+        A_long index = 1;
+        for (A_long w : ws) {
+            records().push_back(record(index++, w, 80));
+        }
+        mark_snapshot(records());
+    }
+
+    // The panels as laid out. The outward normal at angle phi comes back from the written
+    // orientation (back half: X = -180 and Y = phi - 180; otherwise Y = -phi); the direction of
+    // travel is that normal turned a quarter toward increasing angle. The last panel's true width
+    // is its original width times its scale factor (its size is truncated).
+    std::vector<Panel> panels(const std::vector<double>& original_widths)
+    {
+        std::vector<Panel> out;
+        std::size_t i = 0;
+        for (const LayerInfo& r : records()) {
+            const AEGP_ThreeDVal& o = r.orientation.val.three_d;
+            const double phi = (o.x < -90 ? o.y + 180 : -o.y) * math::Constant_PI / 180;
+            const double scale = r.scale.val.three_d.x / 100;
+            out.push_back(Panel{layout_point(r), Vector(std::cos(phi), 0, -std::sin(phi)),
+                                original_widths[i] * scale});
+            ++i;
+        }
+        return out;
+    }
+
+    // Consecutive panels meet edge to edge, the last one closing on the first. The directions come
+    // back through the written angles in degrees, good to about 1e-8 radians near the sides.
+    static void expect_closed(const std::vector<Panel>& ring, double tolerance)
+    {
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            const Vector a = ring[i].far_edge();
+            const Vector b = ring[(i + 1) % ring.size()].near_edge();
+            EXPECT_NEAR(0, (a - b).Length(), tolerance) << "between panels " << i << " and " << i + 1;
+            EXPECT_EQ(0, ring[i].centre.y) << "panel " << i;
+        }
+    }
+
+    // How far the panel's line stays outside the ellipse x^2/a^2 + z^2/c^2 = 1: the minimum of the
+    // ellipse's equation along the line, 1 when the line touches it.
+    static double touch(const Panel& p, double a, double c)
+    {
+        const Vector& o = p.centre;
+        const Vector& d = p.direction;
+        const double t = -(o.x * d.x / (a * a) + o.z * d.z / (c * c)) / (d.x * d.x / (a * a) + d.z * d.z / (c * c));
+        const double x = o.x + t * d.x;
+        const double z = o.z + t * d.z;
+        return x * x / (a * a) + z * z / (c * c);
+    }
+};
+
+// ---- Line and ellipsoid --------------------------------------------------------------------------
+
+TEST_F(EquatorialRingTest, LineThroughASphereCrossesItTwiceInOrder)
+{
+    Vector p1;
+    Vector p2;
+    ASSERT_EQ(2, dlg().intersect_ellipse(Vector(-2, 0, 0), Vector(1, 0, 0), Vector(1, 1, 1), p1, p2));
+    EXPECT_EQ(Vector(-1, 0, 0), p1);
+    EXPECT_EQ(Vector(1, 0, 0), p2);
+    ASSERT_EQ(2, dlg().intersect_ellipse(Vector(0, 0, 0), Vector(0, 0, 1), Vector(2, 3, 4), p1, p2));
+    EXPECT_EQ(Vector(0, 0, -4), p1);
+    EXPECT_EQ(Vector(0, 0, 4), p2);
+}
+
+TEST_F(EquatorialRingTest, TangentLineTouchesOnce)
+{
+    Vector p1;
+    Vector p2;
+    ASSERT_EQ(2, dlg().intersect_ellipse(Vector(-2, 1, 0), Vector(1, 0, 0), Vector(1, 1, 1), p1, p2));
+    EXPECT_EQ(Vector(0, 1, 0), p1);
+    EXPECT_EQ(p1, p2);
+}
+
+TEST_F(EquatorialRingTest, MissingOrDegenerateLinesLeaveThePointsAlone)
+{
+    const Vector keep1(7, 8, 9);
+    const Vector keep2(-7, -8, -9);
+    Vector p1 = keep1;
+    Vector p2 = keep2;
+    EXPECT_EQ(0, dlg().intersect_ellipse(Vector(0, 5, 0), Vector(1, 0, 0), Vector(1, 1, 1), p1, p2));
+    EXPECT_EQ(0, dlg().intersect_ellipse(Vector(0, 0, 0), Vector(0, 0, 0), Vector(1, 1, 1), p1, p2));
+    EXPECT_EQ(0, dlg().intersect_ellipse(Vector(0, 0, 0), Vector(1, 0, 0), Vector(0, 1, 1), p1, p2));
+    EXPECT_EQ(keep1, p1);
+    EXPECT_EQ(keep2, p2);
+}
+
+// ---- The ring ------------------------------------------------------------------------------------
+
+TEST_F(EquatorialRingTest, TwoLayersDoNotMove)
+{
+    widths({100, 100});
+    dlg().get_layers_pos();
+    EXPECT_TRUE(is_snapshot(nth(records(), 0)));
+    EXPECT_TRUE(is_snapshot(nth(records(), 1)));
+}
+
+TEST_F(EquatorialRingTest, FourLayersCloseIntoARing)
+{
+    // The ring neither tests nor records footprints.
+    set_bool(CHECK_DONT_INTERSECT, true);
+    widths({100, 100, 100, 100});
+    dlg().get_layers_pos();
+    EXPECT_TRUE(state().volumes.empty());
+    const std::vector<Panel> ring = panels({100, 100, 100, 100});
+    expect_closed(ring, 1e-6);
+    // The first panel is the front one; the ring is a circle round it.
+    const double r = ring[0].centre.z;
+    EXPECT_NEAR(0, ring[0].centre.x, 1e-12);
+    for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
+        EXPECT_NEAR(1, touch(ring[i], r, r), 1e-6) << "panel " << i;
+    }
+    // Four panels of 100 round a circle make a square of side 100: the size passes bring the first
+    // guess (perimeter 400, radius 63.7) close to radius 50, and the fourth panel closes the rest.
+    EXPECT_NEAR(50, r, 1);
+    const LayerInfo& last = nth(records(), 3);
+    const double closing = (ring[0].near_edge() - ring[2].far_edge()).Length();
+    EXPECT_NEAR(100, closing, 2);
+    EXPECT_NE(100, closing);
+    EXPECT_EQ(static_cast<A_long>(closing), last.size.x);
+    EXPECT_NEAR(closing, last.scale.val.three_d.x, 1e-6);
+    EXPECT_EQ(100, last.scale.val.three_d.y);
+    EXPECT_EQ(80, last.size.y);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(100, nth(records(), i).size.x);
+        EXPECT_EQ(100, nth(records(), i).scale.val.three_d.x);
+    }
+}
+
+TEST_F(EquatorialRingTest, TheBoxGivesOnlyTheShape)
+{
+    widths({100, 150, 120, 90, 60});
+    dlg().get_layers_pos();
+    const auto large = bytes_of(records());
+    set_float(EDIT_DIM_X, 10);
+    set_float(EDIT_DIM_Z, 10);
+    widths({100, 150, 120, 90, 60});
+    dlg().get_layers_pos();
+    EXPECT_EQ(large, bytes_of(records()));
+}
+
+TEST_F(EquatorialRingTest, DeeperBoxMakesADeeperRing)
+{
+    set_float(EDIT_DIM_X, 300);
+    set_float(EDIT_DIM_Z, 600);
+    const std::vector<double> w(16, 100);
+    widths({100, 100, 100, 100, 100, 100, 100, 100, 100, 100, 100, 100, 100, 100, 100, 100});
+    dlg().get_layers_pos();
+    const std::vector<Panel> ring = panels(w);
+    expect_closed(ring, 1e-6);
+    // Every panel but the closing one touches the ellipse twice as deep as wide through the first
+    // panel's centre (the tangent passes come close, not all the way, on an ellipse).
+    const double c = ring[0].centre.z;
+    for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
+        EXPECT_NEAR(1, touch(ring[i], c / 2, c), 5e-3) << "panel " << i;
+    }
+    double width = 0;
+    double depth = 0;
+    for (const Panel& p : ring) {
+        width = std::max(width, std::fabs(p.far_edge().x));
+        depth = std::max(depth, std::fabs(p.far_edge().z));
+    }
+    EXPECT_NEAR(2, depth / width, 0.1);
+}
+
+TEST_F(EquatorialRingTest, BeginAtBackStartsAtTheBackFacingBack)
+{
+    begin_at(RADIO_BEGIN_BACK);
+    widths({100, 100, 100, 100, 100, 100});
+    dlg().get_layers_pos();
+    const LayerInfo& first = nth(records(), 0);
+    const Vector c = layout_point(first);
+    EXPECT_NEAR(0, c.x, 1e-12);
+    EXPECT_LT(c.z, -50);
+    EXPECT_EQ(0, c.y);
+    EXPECT_EQ(-180, first.orientation.val.three_d.x);
+    EXPECT_NEAR(0, first.orientation.val.three_d.y, 1e-12);
+    EXPECT_EQ(-180, first.orientation.val.three_d.z);
+    // Travel continues toward increasing angle: from the back toward the left.
+    EXPECT_LT(layout_point(nth(records(), 1)).x, 0);
+    expect_closed(panels(std::vector<double>(6, 100)), 1e-6);
+}
+
+TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayer)
+{
+    widths({200, 200, 200, 50});
+    std::prev(records().end())->scale.val.three_d = AEGP_ThreeDVal{80, 70, 60};
+    dlg().get_layers_pos();
+    const LayerInfo& last = nth(records(), 3);
+    const double f = last.scale.val.three_d.x / 80;
+    EXPECT_NE(1, f);
+    EXPECT_EQ(static_cast<A_long>(f * 50), last.size.x);
+    EXPECT_EQ(70, last.scale.val.three_d.y);
+    EXPECT_EQ(60, last.scale.val.three_d.z);
+    EXPECT_EQ(80, last.size.y);
+    std::vector<Panel> ring = panels({200, 200, 200, 50});
+    ring[3].width = 50 * f;
+    expect_closed(ring, 1e-6);
+}
+
+// ---- Nothing to build ----------------------------------------------------------------------------
+
+TEST_F(EquatorialRingTest, WidthsSummingToZeroLeaveEverything)
+{
+    widths({0, 0, 0});
+    dlg().get_layers_pos();
+    for (const LayerInfo& r : records()) {
+        EXPECT_TRUE(is_snapshot(r));
+    }
+}
+
+TEST_F(EquatorialRingTest, LastLayerWithoutWidthStaysUnscaled)
+{
+    widths({100, 100, 100, 0});
+    dlg().get_layers_pos();
+    const LayerInfo& last = nth(records(), 3);
+    EXPECT_EQ(0, last.size.x);
+    EXPECT_EQ(100, last.scale.val.three_d.x);
+    EXPECT_FALSE(is_snapshot(last));
+    EXPECT_TRUE(all_finite(records()));
+}
+
+TEST_F(EquatorialRingTest, NoBoxLeavesEverything)
+{
+    CylinderDialog windowless(kPluginId);
+    windowless.layers.push_back(record(1, 100, 100));
+    windowless.layers.push_back(record(2, 100, 100));
+    windowless.layers.push_back(record(3, 100, 100));
+    mark_snapshot(windowless.layers);
+    windowless.create_equatorial_ring();
+    for (const LayerInfo& r : windowless.layers) {
+        EXPECT_TRUE(is_snapshot(r));
+    }
+}
+
+TEST_F(EquatorialRingTest, UnevenWidthsStayFiniteAndClosed)
+{
+    set_float(EDIT_DIM_X, 2000);
+    set_float(EDIT_DIM_Z, 300);
+    widths({5, 400, 1, 250, 3, 3});
+    dlg().get_layers_pos();
+    EXPECT_TRUE(all_finite(records()));
+}
+
+} // namespace
