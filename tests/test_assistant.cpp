@@ -7,42 +7,34 @@ TestAssistant::TestAssistant(int plugin_id, std::set<ADMInt32> missing)
 
 ASErr TestAssistant::Init() {
     const ASErr err = AssistantDlg::Init();
-    const IASRect size{0, 0, 260, 300};
-    SetLocalRect(size);
-    build_controls();
-    return init_result != 0 ? init_result : err;
-}
-
-void TestAssistant::add_box(ADMInt32 id, const char* label, short top, int value) {
-    if (missing_.count(id) == 0) {
-        add_checkbox(IASRect{top, 10, 16, 130}, label, id, value);
+    SetLocalRect(IASRect{0, 0, 260, 300});
+    struct Box {
+        ADMInt32 id;
+        const char* label;
+        int value;
+    };
+    const Box boxes[] = {{kAssistantReverseOrderId, "Reverse Layer Order", 0},
+                         {kAssistantRandomOrderId, "Random Order", 0},
+                         {kAssistantUseCompCenterId, "Use Comp Center", 0},
+                         {kAssistantRepeatLayersId, "Repeat Layers", 0},
+                         {kAssistantRepeatSequentiallyId, "Repeat Sequentially", 0},
+                         {kAssistantKeyPositionId, "Position", 1},
+                         {kAssistantKeyOrientationId, "Orientation", 1},
+                         {kAssistantKeyScaleId, "Scale", 1},
+                         {kAssistantCropTextLayersId, "Crop Text Layers To Size Of Other 3D Layers", 0}};
+    short top = 10;
+    for (const Box& box : boxes) {
+        if (missing_.count(box.id) == 0) {
+            add_checkbox(IASRect{top, 10, 16, 130}, box.label, box.id, box.value);
+        }
+        top += 20;
     }
-}
-
-void TestAssistant::build_controls() {
-    add_box(kAssistantReverseOrderId, "Reverse Layer Order", 10, 0);
-    add_box(kAssistantRandomOrderId, "Random Order", 30, 0);
-    add_box(kAssistantUseCompCenterId, "Use Comp Center", 50, 0);
-    add_box(kAssistantRepeatLayersId, "Repeat Layers", 70, 0);
     if (missing_.count(kAssistantRepeatCountId) == 0) {
         add_edit(IASRect{70, 150, 16, 60}, kAssistantRepeatCountId, 1.0f, 10000.0f, 1.0f);
     }
-    add_box(kAssistantRepeatSequentiallyId, "Repeat Sequentially", 90, 0);
-    add_box(kAssistantKeyPositionId, "Position", 110, 1);
-    add_box(kAssistantKeyOrientationId, "Orientation", 130, 1);
-    add_box(kAssistantKeyScaleId, "Scale", 150, 1);
-    add_box(kAssistantCropTextLayersId, "Crop Text Layers To Size Of Other 3D Layers", 170, 0);
-    if (missing_.count(kAssistantApplyId) == 0) {
-        add_ctrl(kADMTextPushButtonType, IASRect{220, 200, 20, 80}, "Apply", kAssistantApplyId);
-    }
-    if (missing_.count(kTestAssistantOkId) == 0) {
-        add_ctrl(kADMTextPushButtonType, IASRect{220, 100, 20, 80}, "OK", kTestAssistantOkId);
-    }
-}
-
-void TestAssistant::Notify(IADMNotifier notifier) {
-    ++notifies;
-    AssistantDlg::Notify(notifier);
+    add_ctrl(kADMTextPushButtonType, IASRect{220, 200, 20, 80}, "Apply", kAssistantApplyId);
+    add_ctrl(kADMTextPushButtonType, IASRect{220, 100, 20, 80}, "OK", kTestAssistantOkId);
+    return err;
 }
 
 void TestAssistant::Destroy() {
@@ -52,17 +44,15 @@ void TestAssistant::Destroy() {
 
 A_Err TestAssistant::get_layers_pos() {
     ++applies;
-    if (repeats) {
-        constrain_layers();
-    }
+    constrain_layers();
     layout_input.clear();
     layout_clones.clear();
-    A_long k = 0;
+    double x = 0;
     for (LayerInfo& record : layers) {
         layout_input.push_back(record.index);
         layout_clones.push_back(record.clone);
-        record.position.val.three_d = AEGP_ThreeDVal{100.0 * k, 0.0, 500.0};
-        ++k;
+        record.position.val.three_d = AEGP_ThreeDVal{x, 0.0, 500.0};
+        x += 100;
     }
     if (after_layout) {
         after_layout(layers);
@@ -70,20 +60,12 @@ A_Err TestAssistant::get_layers_pos() {
     return layout_result;
 }
 
-std::string TestAssistant::get_name() const { return kTestAssistantName; }
-
-bool TestAssistant::is_orient_changed() { return turns_layers; }
-
 A_Err TestAssistant::build_records() {
     A_Err err = save_selection();
-    if (err != A_Err_NONE || held_collection() == nullptr) {
-        return err;
-    }
-    AEGP_SuiteHandler suites(sSPBasic);
     A_u_long count = 0;
-    err = suites.CollectionSuite1()->AEGP_GetCollectionNumItems(collection, &count);
-    if (err != A_Err_NONE) {
-        return err;
+    AEGP_SuiteHandler suites(sSPBasic);
+    if (err == A_Err_NONE && collection != nullptr) {
+        err = suites.CollectionSuite1()->AEGP_GetCollectionNumItems(collection, &count);
     }
-    return build_layer_list(suites, count);
+    return err != A_Err_NONE ? err : build_layer_list(suites, count);
 }
