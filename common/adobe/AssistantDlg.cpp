@@ -16,7 +16,15 @@ AssistantDlg::AssistantDlg(int plugin_id)
       max_height(0) {}
 
 // Host resources were released by Destroy; only our own members go here.
-AssistantDlg::~AssistantDlg() = default;
+// The selection collection is also held while no window exists (menu updates refresh it), so
+// the object gives it back itself rather than leave it to the host at unload.
+AssistantDlg::~AssistantDlg() {
+    try {
+        release_collection();
+    } catch (...) {
+        // A host without the collection suite keeps what it lent; nothing more can be done here.
+    }
+}
 
 ASErr AssistantDlg::Init() {
     const ASErr err = BaseADMDialog::Init();
@@ -66,6 +74,10 @@ void AssistantDlg::Enable(unsigned char enable) {
 
 void AssistantDlg::Destroy() {
     BaseDlg::Destroy();
+    release_collection();
+}
+
+void AssistantDlg::release_collection() {
     if (collection != nullptr) {
         AEGP_SuiteHandler suites(sSPBasic);
         suites.CollectionSuite1()->AEGP_DisposeCollection(collection);

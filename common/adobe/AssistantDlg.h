@@ -108,4 +108,7 @@ protected:
     A_long comp_height;
     A_long max_width;
     A_long max_height;
+
+private:
+    void release_collection();
 };

@@ -1,0 +1,115 @@
+// A whole session as a user has it: load, select, open, type, click, Apply, undo, unload.
+#include "plugin_fixture.h"
+
+#include <cmath>
+
+namespace {
+
+class Session : public PluginTest {};
+
+host::Vec3 value(const host::Host& h, host::Id layer, host::Prop prop)
+{
+    return h.project().layer(layer)->prop(prop).value;
+}
+
+TEST_F(Session, FourCardsDistributedEvenlyThenUndoneThenUnloaded)
+{
+    load(false);
+    host_->project().layer(cards_[2])->prop(host::Prop::rotate_x).value.x = 20;
+    const host::Vec3 before = value(*host_, cards_[0], host::Prop::position);
+
+    ASSERT_EQ(A_Err_NONE, host_->chooseMenuItem(kMenuText));
+    host_->idle();
+    ASSERT_TRUE(platform::typeText(control(EDIT_DIM_X), "1200").ok());
+    ASSERT_TRUE(platform::typeText(control(EDIT_DIM_Z), "800").ok());
+    ASSERT_TRUE(platform::click(control(CHECK_DISTRIBUTE_EVENLY)).ok());
+    ASSERT_TRUE(platform::click(control(BUTTON_APPLY)).ok());
+    host_->idle();
+
+    // Two rows of two, half a turn apart, at the bottom and top of the 2000-high cylinder,
+    // around the composition's centre; the host's Y points down and its Z away from the viewer.
+    const host::Vec3 p1 = value(*host_, cards_[0], host::Prop::position);
+    const host::Vec3 p2 = value(*host_, cards_[1], host::Prop::position);
+    const host::Vec3 p3 = value(*host_, cards_[2], host::Prop::position);
+    const host::Vec3 p4 = value(*host_, cards_[3], host::Prop::position);
+    EXPECT_EQ((host::Vec3{960, 1540, -400}), p1);
+    EXPECT_NEAR(960, p2.x, 1e-9);
+    EXPECT_EQ(1540, p2.y);
+    EXPECT_EQ(400, p2.z);
+    EXPECT_EQ((host::Vec3{960, -460, -400}), p3);
+    EXPECT_NEAR(960, p4.x, 1e-9);
+    EXPECT_EQ(-460, p4.y);
+    EXPECT_EQ(400, p4.z);
+
+    // Facing outward: straight ahead at the front, turned round at the back; rotations zeroed.
+    EXPECT_EQ((host::Vec3{0, 0, 0}), value(*host_, cards_[0], host::Prop::orientation));
+    const host::Vec3 back = value(*host_, cards_[1], host::Prop::orientation);
+    EXPECT_NEAR(-180, back.x, 1e-9);
+    EXPECT_NEAR(0, back.y, 1e-9);
+    EXPECT_NEAR(-180, back.z, 1e-9);
+    EXPECT_EQ(0, value(*host_, cards_[2], host::Prop::rotate_x).x);
+
+    ASSERT_EQ(1u, host_->undoGroups().size());
+    EXPECT_EQ("Orbisett", host_->undoGroups()[0].name);
+    EXPECT_TRUE(host_->undoBalanced());
+
+    ASSERT_TRUE(host_->undo());
+    EXPECT_EQ(before, value(*host_, cards_[0], host::Prop::position));
+    EXPECT_EQ(20, value(*host_, cards_[2], host::Prop::rotate_x).x);
+
+    host_->unloadPlugin();
+    EXPECT_EQ(0u, platform::liveCounts().windows);
+    EXPECT_EQ(0u, platform::liveCounts().controls);
+    EXPECT_TRUE(host_->allSuitesReleased());
+    EXPECT_EQ(0, host_->strayReleases());
+    EXPECT_EQ(0u, host_->openCollections());
+    EXPECT_EQ(0u, host_->openStreams());
+    EXPECT_TRUE(host_->escapedExceptions().empty());
+}
+
+TEST_F(Session, KeysOnPositionOnlyGiveOneKeyPerLayerAtTheCurrentTime)
+{
+    host_->project().comp(comp_)->time = A_Time{15, 30};
+    load(false);
+    command();
+    ASSERT_TRUE(platform::click(control(CHECK_KEY_POSITION)).ok());
+    ASSERT_TRUE(platform::click(control(BUTTON_APPLY)).ok());
+
+    for (host::Id card : cards_) {
+        const host::Layer* layer = host_->project().layer(card);
+        ASSERT_EQ(1u, layer->prop(host::Prop::position).keys.size());
+        EXPECT_EQ(0, host::compareTimes(A_Time{15, 30}, layer->prop(host::Prop::position).keys[0].time));
+        EXPECT_TRUE(layer->prop(host::Prop::orientation).keys.empty());
+        EXPECT_TRUE(layer->prop(host::Prop::scale).keys.empty());
+    }
+}
+
+TEST_F(Session, RepeatLayersMakesCopiesThatOneUndoRemoves)
+{
+    load(false);
+    command();
+    ASSERT_TRUE(platform::click(control(CHECK_REPEAT_LAYERS)).ok());
+    ASSERT_TRUE(IsControlEnabled(control(EDIT_REPEAT_COUNT)));
+    ASSERT_TRUE(platform::typeText(control(EDIT_REPEAT_COUNT), "2").ok());
+    const std::size_t layers_before = host_->project().comp(comp_)->layers.size();
+    ASSERT_TRUE(platform::click(control(BUTTON_APPLY)).ok());
+
+    EXPECT_EQ(layers_before + 8, host_->project().comp(comp_)->layers.size());
+    EXPECT_TRUE(host_->undoBalanced());
+    ASSERT_TRUE(host_->undo());
+    EXPECT_EQ(layers_before, host_->project().comp(comp_)->layers.size());
+}
+
+TEST_F(Session, UnloadWithAPanelOpenReleasesEverything)
+{
+    load(true);
+    command();
+    host_->idle(2);
+    host_->unloadPlugin();
+    EXPECT_EQ(0u, platform::liveCounts().controls);
+    EXPECT_TRUE(host_->allSuitesReleased());
+    EXPECT_EQ(0u, host_->openCollections());
+    EXPECT_TRUE(host_->escapedExceptions().empty());
+}
+
+}  // namespace
