@@ -5,6 +5,8 @@
 #include "common/adobe/AssistantDlg.h"
 #include "cylinder/SolidAngle.h"
 #include "cylinder/control_ids.h"
+#include "cylinder/footprint_index.h"
+#include "cylinder/settings_memo.h"
 #include "math/vector3d.h"
 
 #include <string>
@@ -73,4 +75,14 @@ public:
 
 protected:
     std::vector<SolidAngle> volumes;  // footprints of the layers placed in the current layout
+
+private:
+    // Marks the run of one layout or count; while one runs, settings are read once and the
+    // overlap test looks footprints up in the index.
+    friend class LayoutScope;
+    void clear_volumes();
+
+    int layout_depth = 0;
+    mutable SettingsMemo settings_memo;
+    mutable FootprintIndex footprint_index;  // follows `volumes` while a layout runs
 };

@@ -59,7 +59,10 @@ void MainDlg::get_phi_z_dir(const Vector& p, Vector& phi_dir, Vector& z_dir) con
     z_dir = Vector(0, 1, 0);
     phi_dir = Vector(p.x, 0, p.z);
     if (phi_dir.Length() > EPS) {
-        phi_dir = math::TMatrix3D<double>::BuildRotate(Vector(0, 1, 0), math::Constant_Half_PI) * phi_dir;
+        // A quarter turn about the vertical, built once: the same matrix every call would build.
+        static const math::TMatrix3D<double> quarter_turn =
+            math::TMatrix3D<double>::BuildRotate(Vector(0, 1, 0), math::Constant_Half_PI);
+        phi_dir = quarter_turn * phi_dir;
         phi_dir.Normalize();
     }
 }

@@ -3,6 +3,7 @@
 #include "cylinder/MainDlg.h"
 
 #include "cylinder/cylinder_constants.h"
+#include "cylinder/layout_scope.h"
 #include "cylinder/step_walk.h"
 #include "math/random.h"
 
@@ -37,12 +38,13 @@ A_Err MainDlg::get_layers_pos()
     if (layers.empty()) {
         return 0;
     }
+    const LayoutScope scope(*this);
     if (get_bool(CHECK_SCALE_LAYER)) {
         resize_layers();
     }
     constrain_layers();
     math::SetRand(kLayoutSeed);
-    volumes.clear();
+    clear_volumes();
 
     const bool evenly = get_bool(CHECK_DISTRIBUTE_EVENLY);
     if (!evenly && get_bool(CHECK_RADIUS_BY_FIRST)) {
@@ -145,6 +147,7 @@ void MainDlg::set_layers_with_given_steps()
 
 int MainDlg::get_layers_number()
 {
+    const LayoutScope scope(*this);
     std::vector<A_LPoint> sizes;
     sizes.reserve(layers.size());
     for (const LayerInfo& record : layers) {
@@ -155,7 +158,7 @@ int MainDlg::get_layers_number()
     }
     StepWalk walk(*this);
     math::SetRand(kLayoutSeed);
-    volumes.clear();
+    clear_volumes();
     int q = 0;
     while (q < kMaxPlacements) {
         const A_LPoint& size = sizes[static_cast<std::size_t>(q) % sizes.size()];
@@ -167,7 +170,7 @@ int MainDlg::get_layers_number()
         ++q;
     }
     math::SetRand(kLayoutSeed);
-    volumes.clear();
+    clear_volumes();
     return q;
 }
 

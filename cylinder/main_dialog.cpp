@@ -48,17 +48,17 @@ std::string MainDlg::get_name() const
 
 float MainDlg::get_float(ADMInt32 id) const
 {
-    return sADMItem->GetFloatValue(get_item(id));
+    return settings_memo.get<float>(id, [&] { return sADMItem->GetFloatValue(get_item(id)); });
 }
 
 int MainDlg::get_int(ADMInt32 id) const
 {
-    return sADMItem->GetIntValue(get_item(id));
+    return settings_memo.get<int>(id, [&] { return static_cast<int>(sADMItem->GetIntValue(get_item(id))); });
 }
 
 bool MainDlg::get_bool(ADMInt32 id) const
 {
-    return sADMItem->GetBooleanValue(get_item(id)) != 0;
+    return settings_memo.get<bool>(id, [&] { return sADMItem->GetBooleanValue(get_item(id)) != 0; });
 }
 
 ASErr MainDlg::Init()

@@ -34,20 +34,16 @@ void MainDlg::add_volume(const Vector& p, const A_LPoint& size)
     volumes.push_back(SolidAngle{k0.y, k3.y, k1.z, k0.z});
 }
 
+void MainDlg::clear_volumes()
+{
+    volumes.clear();
+    footprint_index.clear();
+}
+
 bool MainDlg::contains(const SolidAngle& band, const Vector& q, bool height_only) const
 {
     const Vector c = cart_to_cyl(q);
-    const double phi = c.y;
-    const double h = c.z;
-    const bool in_h = band.h_low <= h && h <= band.h_high;
-    if (height_only) {
-        return in_h;
-    }
-    // Angles at least half a turn apart mean the band runs across the front meridian.
-    const bool in_phi = std::fabs(band.phi_end - band.phi_begin) < math::Constant_PI
-                            ? band.phi_begin <= phi && phi <= band.phi_end
-                            : phi >= band.phi_begin || phi <= band.phi_end;
-    return in_h && in_phi;
+    return band_contains(band, c.y, c.z, height_only);
 }
 
 // Only the candidate's centre and corners are tested against the recorded bands, not the other
@@ -58,10 +54,16 @@ bool MainDlg::intersects(const Vector& p, const A_LPoint& size, bool height_only
         return false;
     }
     const std::array<Vector, 4> k = corners(*this, p, size);
-    const std::array<Vector, 5> points = {p, k[0], k[1], k[2], k[3]};
+    // Each point is converted once, not once per recorded band.
+    const std::array<Vector, 5> points = {cart_to_cyl(p), cart_to_cyl(k[0]), cart_to_cyl(k[1]), cart_to_cyl(k[2]),
+                                          cart_to_cyl(k[3])};
+    if (layout_depth > 0 && !height_only) {
+        footprint_index.update(volumes);
+        return footprint_index.any_contains(volumes, points);
+    }
     for (const SolidAngle& band : volumes) {
         for (const Vector& q : points) {
-            if (contains(band, q, height_only)) {
+            if (band_contains(band, q.y, q.z, height_only)) {
                 return true;
             }
         }

@@ -1,0 +1,61 @@
+// The layout of each mode for 10 to 10,000 records, per layer and against the lower bound.
+#include "bench/bound_reporter.h"
+#include "bench/cylinder_stand.h"
+#include "bench/layout_settings.h"
+#include "bench/lower_bound.h"
+
+#include <benchmark/benchmark.h>
+
+#include <list>
+
+namespace bench {
+
+namespace {
+
+void BM_LowerBound(benchmark::State& state)
+{
+    const auto n = static_cast<std::size_t>(state.range(0));
+    std::vector<AEGP_ThreeDVal> out(n);
+    for (auto _ : state) {
+        lower_bound_layout(out, 500, 500, -1000);
+    }
+    count_layers(state, static_cast<double>(n));
+}
+
+void BM_Layout(benchmark::State& state, Mode mode)
+{
+    const int n = static_cast<int>(state.range(0));
+    CylinderStand stand;
+    choose_mode(stand, mode);
+    stand.set_records(n, 100, 80);
+    // The ring resizes its last layer, so every run starts again from the same records.
+    const bool restore = mode == Mode::ring;
+    const std::list<LayerInfo> records = stand.layers();
+    for (auto _ : state) {
+        if (restore) {
+            state.PauseTiming();
+            stand.layers() = records;
+            state.ResumeTiming();
+        }
+        benchmark::DoNotOptimize(stand.dlg().get_layers_pos());
+    }
+    count_layers(state, n);
+    state.counters["placed"] = placed_count(stand.layers());
+}
+
+}  // namespace
+
+BENCHMARK(BM_LowerBound)->RangeMultiplier(10)->Range(10, 10000);
+BENCHMARK_CAPTURE(BM_Layout, evenly, Mode::evenly)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, given_steps, Mode::given_steps)
+    ->RangeMultiplier(10)
+    ->Range(10, 10000)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, equator, Mode::equator)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, radius_by_first, Mode::radius)
+    ->RangeMultiplier(10)
+    ->Range(10, 10000)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, ring, Mode::ring)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
+
+}  // namespace bench

@@ -1,0 +1,47 @@
+// "Don't Intersect" in the given-steps mode, and the count of repeated layers that fit at its cap.
+#include "bench/bound_reporter.h"
+#include "bench/cylinder_stand.h"
+#include "bench/layout_settings.h"
+
+#include "cylinder/control_ids.h"
+
+#include <benchmark/benchmark.h>
+
+namespace bench {
+
+namespace {
+
+void BM_DontIntersect(benchmark::State& state)
+{
+    const int n = static_cast<int>(state.range(0));
+    CylinderStand stand;
+    choose_dont_intersect(stand);
+    stand.set_mixed_records(n);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(stand.dlg().get_layers_pos());
+    }
+    count_layers(state, n);
+    state.counters["placed"] = placed_count(stand.layers());
+}
+
+// Ten records of 100 x 80 on the default cylinder with 1 degree and 5 pixel steps: more than
+// 100,000 places, so the count stops at its cap.
+void BM_LayersNumberAtCap(benchmark::State& state)
+{
+    CylinderStand stand;
+    stand.set_float(EDIT_MIN_LONGITUDE, 1);
+    stand.set_float(EDIT_MIN_LATITUDE, 5);
+    stand.set_records(10, 100, 80);
+    int placements = 0;
+    for (auto _ : state) {
+        placements = stand.dlg().get_layers_number();
+    }
+    state.counters["placements"] = placements;
+}
+
+}  // namespace
+
+BENCHMARK(BM_DontIntersect)->Arg(100)->Arg(500)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LayersNumberAtCap)->Unit(benchmark::kMillisecond);
+
+}  // namespace bench

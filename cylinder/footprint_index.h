@@ -1,0 +1,46 @@
+// The recorded footprints sorted into a grid of height rows and angle sectors, so that a point is
+// tested only against the footprints that can hold it. It answers exactly as testing every
+// footprint does: a footprint is filed under every cell its ranges reach, and the candidates are
+// tested with the same rule.
+#pragma once
+
+#include "cylinder/SolidAngle.h"
+#include "math/vector3d.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+// Whether a footprint holds a point given by its angle and height: the one rule of the overlap test.
+bool band_contains(const SolidAngle& band, double phi, double h, bool height_only);
+
+class FootprintIndex {
+public:
+    using Vector = math::TGeomVector3D<double>;
+
+    // Forgets every footprint and gives back the memory.
+    void clear();
+
+    // Files the footprints appended to the list since the last call; a list that got shorter is
+    // filed anew.
+    void update(const std::vector<SolidAngle>& bands);
+
+    // Whether a filed footprint holds one of the points, given in cylinder coordinates (r, phi, h).
+    bool any_contains(const std::vector<SolidAngle>& bands, const std::array<Vector, 5>& points) const;
+
+private:
+    void file(std::uint32_t i, const SolidAngle& band);
+    void refile(const std::vector<SolidAngle>& bands);
+    bool row_of(double h, std::int64_t& row) const;
+    bool cell_holds(const std::vector<SolidAngle>& bands, std::int64_t row, double phi, double h) const;
+
+    double row_height_ = 0;  // 0 until the first footprint of finite extent sets it
+    double tallest_ = 0;     // the largest finite height range filed
+    std::size_t filed_ = 0;
+    std::size_t too_tall_ = 0;  // footprints left loose for reaching over too many rows
+    std::unordered_map<std::int64_t, std::vector<std::uint32_t>> cells_;  // (row, sector)
+    std::unordered_map<std::int64_t, std::vector<std::uint32_t>> wide_;   // row: footprints over many sectors
+    std::vector<std::uint32_t> loose_;  // footprints outside the grid, tested for every point
+};
