@@ -34,12 +34,17 @@ void BM_ApplyMemory(benchmark::State& state)
     report(state, *stats, n);
 }
 
-void BM_LayoutMemory(benchmark::State& state, Mode mode)
+void BM_LayoutMemory(benchmark::State& state, bool dont_intersect)
 {
     const int n = static_cast<int>(state.range(0));
     CylinderStand stand;
-    choose_mode(stand, mode);
-    stand.set_records(n, 100, 80);
+    if (dont_intersect) {
+        choose_dont_intersect(stand);
+        stand.set_mixed_records(n);
+    } else {
+        choose_mode(stand, Mode::given_steps);
+        stand.set_records(n, 100, 80);
+    }
     std::optional<AllocationStats> stats;
     for (auto _ : state) {
         AllocationWatch watch;
@@ -53,8 +58,9 @@ void BM_LayoutMemory(benchmark::State& state, Mode mode)
 
 // One "Apply" is what is measured; repeating it would only pile up undo steps in the host.
 BENCHMARK(BM_ApplyMemory)->Arg(10000)->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(BM_LayoutMemory, given_steps, Mode::given_steps)
-    ->Arg(10000)
+BENCHMARK_CAPTURE(BM_LayoutMemory, given_steps, false)->Arg(10000)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_LayoutMemory, given_steps_dont_intersect, true)
+    ->Arg(2000)
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);
 

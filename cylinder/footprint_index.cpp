@@ -3,10 +3,11 @@
 #include "math/constants.h"
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
-constexpr std::int64_t kSectors = 1024;
+constexpr std::int64_t kSectors = 256;
 constexpr double kSectorsPerRadian = static_cast<double>(kSectors) / math::Constant_2PI;
 // Rows further out than this from height 0 do not fit a cell key.
 constexpr double kRowLimit = 1099511627776.0;  // 2^40
@@ -14,7 +15,17 @@ constexpr double kRowLimit = 1099511627776.0;  // 2^40
 constexpr std::int64_t kMaxRows = 64;
 constexpr std::int64_t kMaxCells = 256;
 
-std::int64_t key(std::int64_t row, std::int64_t sector) { return row * kSectors + sector; }
+// Sector kSectors of a row stands for all of them.
+std::int64_t key(std::int64_t row, std::int64_t sector) { return row * (kSectors + 1) + sector; }
+
+std::size_t hash(std::int64_t key)
+{
+    auto x = static_cast<std::uint64_t>(key);
+    x ^= x >> 33;
+    x *= 0xff51afd7ed558ccdULL;
+    x ^= x >> 33;
+    return static_cast<std::size_t>(x);
+}
 
 // Sectors grow with the angle, so a footprint's range of sectors covers those of its angles.
 std::int64_t sector_of(double phi)
@@ -62,8 +73,10 @@ void FootprintIndex::clear()
     tallest_ = 0;
     filed_ = 0;
     too_tall_ = 0;
-    cells_ = {};
-    wide_ = {};
+    wide_ = 0;
+    slots_ = {};
+    used_ = 0;
+    links_ = {};
     loose_ = {};
 }
 
@@ -146,32 +159,62 @@ void FootprintIndex::file(std::uint32_t i, const SolidAngle& band)
     const std::int64_t rows = high - low + 1;
     for (std::int64_t row = low; row <= high; ++row) {
         if (rows * sectors > kMaxCells) {
-            wide_[row].push_back(i);
+            link(key(row, kSectors), i);
+            ++wide_;
             continue;
         }
         for (const auto& run : runs) {
             for (std::int64_t s = run[0]; s <= run[1]; ++s) {
-                cells_[key(row, s)].push_back(i);
+                link(key(row, s), i);
             }
         }
     }
 }
 
-bool FootprintIndex::cell_holds(const std::vector<SolidAngle>& bands, std::int64_t row, double phi, double h) const
+void FootprintIndex::link(std::int64_t k, std::uint32_t band)
 {
-    const auto holds = [&](const auto& map, std::int64_t k) {
-        const auto found = map.find(k);
-        if (found == map.end()) {
-            return false;
-        }
-        for (std::uint32_t i : found->second) {
-            if (band_contains(bands[i], phi, h, false)) {
-                return true;
+    // Kept at most half full, so that a search soon meets an empty slot.
+    if (2 * (used_ + 1) > slots_.size()) {
+        std::vector<Slot> old = std::move(slots_);
+        slots_.assign(old.empty() ? 1024 : 2 * old.size(), Slot{});
+        for (const Slot& slot : old) {
+            if (slot.head != 0) {
+                std::size_t at = hash(slot.key) & (slots_.size() - 1);
+                while (slots_[at].head != 0) {
+                    at = (at + 1) & (slots_.size() - 1);
+                }
+                slots_[at] = slot;
             }
         }
+    }
+    std::size_t at = hash(k) & (slots_.size() - 1);
+    while (slots_[at].head != 0 && slots_[at].key != k) {
+        at = (at + 1) & (slots_.size() - 1);
+    }
+    Slot& slot = slots_[at];
+    if (slot.head == 0) {
+        slot.key = k;
+        ++used_;
+    }
+    links_.push_back(Link{band, slot.head});
+    slot.head = static_cast<std::uint32_t>(links_.size());
+}
+
+bool FootprintIndex::chain_holds(const std::vector<SolidAngle>& bands, std::int64_t k, double phi, double h) const
+{
+    if (slots_.empty()) {
         return false;
-    };
-    return holds(cells_, key(row, sector_of(phi))) || holds(wide_, row);
+    }
+    std::size_t at = hash(k) & (slots_.size() - 1);
+    while (slots_[at].head != 0 && slots_[at].key != k) {
+        at = (at + 1) & (slots_.size() - 1);
+    }
+    for (std::uint32_t l = slots_[at].head; l != 0; l = links_[l - 1].next) {
+        if (band_contains(bands[links_[l - 1].band], phi, h, false)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool FootprintIndex::any_contains(const std::vector<SolidAngle>& bands, const std::array<Vector, 5>& points) const
@@ -195,7 +238,8 @@ bool FootprintIndex::any_contains(const std::vector<SolidAngle>& bands, const st
             }
             continue;
         }
-        if (cell_holds(bands, row, phi, h)) {
+        if (chain_holds(bands, key(row, sector_of(phi)), phi, h) ||
+            (wide_ != 0 && chain_holds(bands, key(row, kSectors), phi, h))) {
             return true;
         }
     }

@@ -10,7 +10,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 
 // Whether a footprint holds a point given by its angle and height: the one rule of the overlap test.
@@ -31,16 +30,31 @@ public:
     bool any_contains(const std::vector<SolidAngle>& bands, const std::array<Vector, 5>& points) const;
 
 private:
+    // A cell's footprints as a chain through `links_`, newest first.
+    struct Slot {
+        std::int64_t key = 0;
+        std::uint32_t head = 0;  // 1 + index into links_; 0 for an empty slot
+    };
+    struct Link {
+        std::uint32_t band;
+        std::uint32_t next;  // 1 + index into links_; 0 ends the chain
+    };
+
     void file(std::uint32_t i, const SolidAngle& band);
     void refile(const std::vector<SolidAngle>& bands);
     bool row_of(double h, std::int64_t& row) const;
-    bool cell_holds(const std::vector<SolidAngle>& bands, std::int64_t row, double phi, double h) const;
+    void link(std::int64_t key, std::uint32_t band);
+    bool chain_holds(const std::vector<SolidAngle>& bands, std::int64_t key, double phi, double h) const;
 
     double row_height_ = 0;  // 0 until the first footprint of finite extent sets it
     double tallest_ = 0;     // the largest finite height range filed
     std::size_t filed_ = 0;
     std::size_t too_tall_ = 0;  // footprints left loose for reaching over too many rows
-    std::unordered_map<std::int64_t, std::vector<std::uint32_t>> cells_;  // (row, sector)
-    std::unordered_map<std::int64_t, std::vector<std::uint32_t>> wide_;   // row: footprints over many sectors
+    std::size_t wide_ = 0;      // rows filed under "every sector"
+    // Open addressing over cell keys: (row, sector), and (row, every sector) for footprints
+    // spanning many sectors.
+    std::vector<Slot> slots_;
+    std::size_t used_ = 0;
+    std::vector<Link> links_;
     std::vector<std::uint32_t> loose_;  // footprints outside the grid, tested for every point
 };
