@@ -116,4 +116,12 @@ AllocationStats AllocationWatch::stats() const
     return AllocationStats{g_allocations, g_bytes, static_cast<std::size_t>(g_peak)};
 }
 
+void report_allocations(benchmark::State& state, const AllocationStats& stats, int n)
+{
+    state.counters["peak_bytes"] = static_cast<double>(stats.peak_bytes);
+    state.counters["peak_per_layer"] = static_cast<double>(stats.peak_bytes) / n;
+    state.counters["bytes"] = static_cast<double>(stats.bytes);
+    state.counters["allocations"] = static_cast<double>(stats.allocations);
+}
+
 }  // namespace bench

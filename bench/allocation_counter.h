@@ -3,6 +3,8 @@
 // replacement, so the plug-in's allocations count as well as the host's.
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <cstddef>
 
 namespace bench {
@@ -22,5 +24,8 @@ public:
 
     AllocationStats stats() const;
 };
+
+// The counters of one watched run over n layers.
+void report_allocations(benchmark::State& state, const AllocationStats& stats, int n);
 
 }  // namespace bench
