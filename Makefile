@@ -21,7 +21,8 @@ bench: build
 	else echo "No benchmarks are built yet."; exit 1; fi
 
 demo: build
-	@if [ -x $(BUILD)/app/orbisett-host ]; then mkdir -p out && $(BUILD)/app/orbisett-host --demo-files out; \
+	@if [ -x $(BUILD)/app/orbisett-host ]; then mkdir -p out && $(BUILD)/app/orbisett-host \
+		--out out/demo.json --preview out/demo-preview.svg --dialog out/demo-dialog.svg; \
 	else echo "orbisett-host is not built yet: the command-line tool does not exist in this tree."; exit 1; fi
 
 clean:

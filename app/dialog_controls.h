@@ -1,0 +1,26 @@
+// Setting the dialog's controls as a user would, through the window system's driver, and
+// reading them back.
+#pragma once
+
+#include "app/control_settings.h"
+#include "app/dialog_view.h"
+
+#include <nlohmann/json.hpp>
+
+#include <vector>
+
+namespace app {
+
+// Types into edit fields and clicks check boxes and radios whose state differs, so that every
+// notification and rule of the dialog runs. Hidden and disabled controls are reached by force.
+// Afterwards every wanted state is checked; a control that does not hold it is an AppError.
+void setControls(const DialogView& dialog, const std::vector<ControlSetting>& settings);
+
+// Presses a push button; throws AppError when the window system refuses.
+void pressButton(const DialogView& dialog, const ControlSpec& button);
+
+// Every named control that holds a value, as the dialog holds it: edits as numbers (the text
+// when it is not one), check boxes and radios as booleans.
+nlohmann::json readControls(const DialogView& dialog);
+
+}  // namespace app

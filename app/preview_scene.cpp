@@ -1,0 +1,118 @@
+#include "app/preview_scene.h"
+
+#include "app/layer_turn.h"
+#include "cylinder/settings_table.h"
+
+#include <algorithm>
+
+namespace app {
+
+namespace {
+
+bool isSurfaceLayer(const host::Layer& layer)
+{
+    // Cameras and lights have no rectangle to show.
+    return layer.three_d && (layer.type == AEGP_ObjectType_AV || layer.type == AEGP_ObjectType_TEXT ||
+                             layer.type == AEGP_ObjectType_VECTOR);
+}
+
+}  // namespace
+
+const host::Comp* reportedComp(const host::Project& project)
+{
+    for (const host::Comp& comp : project.comps) {
+        if (comp.id == project.active) {
+            return &comp;
+        }
+    }
+    return project.comps.empty() ? nullptr : &project.comps.front();
+}
+
+std::array<double, 2> layerSize(const host::Project& project, const host::Comp& comp, const host::Layer& layer)
+{
+    if (const host::Footage* footage = project.findFootage(layer.source)) {
+        return {static_cast<double>(footage->width), static_cast<double>(footage->height)};
+    }
+    if (const host::Comp* nested = project.comp(layer.source)) {
+        return {static_cast<double>(nested->width), static_cast<double>(nested->height)};
+    }
+    return {static_cast<double>(comp.width), static_cast<double>(comp.height)};
+}
+
+PlacedLayer placeRectangle(double width, double height, const Vec3& position, const Vec3& scale,
+                           const Vec3& orientation, const Vec3& rotation)
+{
+    const double hx = 0.5 * width * scale.x / 100.0;
+    const double hy = 0.5 * height * scale.y / 100.0;
+    const std::array<Vec3, 4> local{{{-hx, -hy, 0}, {hx, -hy, 0}, {hx, hy, 0}, {-hx, hy, 0}}};
+    PlacedLayer placed;
+    for (std::size_t i = 0; i < local.size(); ++i) {
+        placed.corners[i] = position + turnLayerPoint(local[i], orientation, rotation);
+    }
+    placed.centre = position;
+    // Unturned, (c3 - c0) x (c1 - c0) points along -Z, the way the visible face looks.
+    placed.normal = normalized(cross(placed.corners[3] - placed.corners[0], placed.corners[1] - placed.corners[0]));
+    return placed;
+}
+
+std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::Comp& comp)
+{
+    using host::Prop;
+    std::vector<PlacedLayer> placed;
+    for (std::size_t i = 0; i < comp.layers.size(); ++i) {
+        const host::Layer& layer = comp.layers[i];
+        if (!isSurfaceLayer(layer)) {
+            continue;
+        }
+        const auto [width, height] = layerSize(project, comp, layer);
+        const Vec3 rotation{layer.prop(Prop::rotate_x).valueAt(comp.time).x,
+                            layer.prop(Prop::rotate_y).valueAt(comp.time).x,
+                            layer.prop(Prop::rotate_z).valueAt(comp.time).x};
+        PlacedLayer p = placeRectangle(width, height, layer.prop(Prop::position).valueAt(comp.time),
+                                       layer.prop(Prop::scale).valueAt(comp.time),
+                                       layer.prop(Prop::orientation).valueAt(comp.time), rotation);
+        p.name = layer.name;
+        p.number = static_cast<int>(i + 1);
+        placed.push_back(std::move(p));
+    }
+    return placed;
+}
+
+double settingNumber(const nlohmann::json& settings, const char* name)
+{
+    const ControlSpec* control = find_control(name);
+    const double initial = control != nullptr ? control->value : 0.0;
+    if (!settings.is_object() || !settings.contains(name) || !settings[name].is_number()) {
+        return initial;
+    }
+    const double value = settings[name].get<double>();
+    return control != nullptr ? std::clamp(value, static_cast<double>(control->minimum),
+                                           static_cast<double>(control->maximum))
+                              : value;
+}
+
+bool settingOn(const nlohmann::json& settings, const char* name)
+{
+    if (settings.is_object() && settings.contains(name) && settings[name].is_boolean()) {
+        return settings[name].get<bool>();
+    }
+    const ControlSpec* control = find_control(name);
+    return control != nullptr && control->value != 0.0f;
+}
+
+CylinderShape cylinderFromSettings(const nlohmann::json& settings, const host::Comp& comp)
+{
+    // The centre is entered with Y up and Z toward the viewer, relative to the composition's
+    // middle when "Use Comp Center" is on.
+    const bool comp_centre = settingOn(settings, "CHECK_USE_COMP_CENTER");
+    CylinderShape shape;
+    shape.centre = {settingNumber(settings, "EDIT_SPHERE_CENTER_X") + (comp_centre ? 0.5 * comp.width : 0.0),
+                    -settingNumber(settings, "EDIT_SPHERE_CENTER_Y") + (comp_centre ? 0.5 * comp.height : 0.0),
+                    -settingNumber(settings, "EDIT_SPHERE_CENTER_Z")};
+    shape.half_x = 0.5 * settingNumber(settings, "EDIT_DIM_X");
+    shape.half_z = 0.5 * settingNumber(settings, "EDIT_DIM_Z");
+    shape.height = settingNumber(settings, "EDIT_DIM_Y");
+    return shape;
+}
+
+}  // namespace app
