@@ -70,10 +70,16 @@ ASErr BaseADMDialog::InitProc(ADMDialogRef dialog) {
     return self->Init();
 }
 
+// The dialog manager calls this from its event handling, which no exception may cross: a host
+// suite refused in the middle of "Apply" ends that press as a host error would.
 void BaseADMDialog::NotifyProc(ADMDialogRef dialog, ADMNotifierRef notifier) {
     BaseADMDialog* self = bound_object(dialog);
-    if (self != nullptr) {
+    if (self == nullptr) {
+        return;
+    }
+    try {
         self->Notify(notifier);
+    } catch (...) {
     }
 }
 

@@ -74,7 +74,12 @@ void AssistantDlg::Enable(unsigned char enable) {
 
 void AssistantDlg::Destroy() {
     BaseDlg::Destroy();
-    release_collection();
+    // This runs inside the toolkit's teardown of the window or panel, which no exception may
+    // cross; a collection the host cannot take back now stays held for the destructor to retry.
+    try {
+        release_collection();
+    } catch (...) {
+    }
 }
 
 void AssistantDlg::release_collection() {
