@@ -8,7 +8,6 @@
 #include "math/constants.h"
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <list>
 #include <random>
