@@ -91,6 +91,8 @@ SessionResult runSession(const Options& options)
     result.host = std::make_unique<host::Host>();
     host::Host& host = *result.host;
     host::applyScene(host, std::move(scene));
+    // A panel as large as the dialog, so the picture of it shows every control.
+    host.setPanelSize(kDialogWidth, kDialogHeight);
     result.before = host.project();
 
     startPlugin(host, options.plugin);

@@ -1,0 +1,116 @@
+// The built tool's runs as a whole: undo, the written scene read back, the dialog picture.
+#include "app_tool.h"
+
+#include "cylinder/settings_table.h"
+
+#include <regex>
+#include <set>
+
+namespace {
+
+using apptest::cardScene;
+using nlohmann::json;
+
+class Runs : public apptest::ToolTest {};
+
+TEST_F(Runs, UndoRestoresTheSceneAsItWasRead)
+{
+    const std::string scene = writeScene("s.json", cardScene(5));
+    const apptest::ToolRun untouched = run({scene, "--no-apply", "--out", path("untouched.json")});
+    ASSERT_EQ(untouched.status, 0) << untouched.err;
+    const apptest::ToolRun undone = run({scene, "--set", "RADIO_INWARD=on", "--undo", "--out", path("undone.json")});
+    ASSERT_EQ(undone.status, 0) << undone.err;
+    EXPECT_NE(undone.out.find("Undone: one step."), std::string::npos);
+
+    const json before = json::parse(apptest::readFile(path("untouched.json")));
+    const json after = json::parse(apptest::readFile(path("undone.json")));
+    EXPECT_EQ(after["layers"], before["layers"]);
+    ASSERT_EQ(after["undo_groups"].size(), 1u);
+    EXPECT_EQ(after["undo_groups"][0]["name"], "Orbisett");
+    EXPECT_EQ(after["undo_groups"][0]["undone"], true);
+    // Nothing in the table is marked as changed.
+    EXPECT_EQ(undone.out.find("moved"), std::string::npos);
+}
+
+TEST_F(Runs, WrittenSceneRunsAgainToTheSameScene)
+{
+    json scene = cardScene(6, 300, 200);
+    scene["settings"] = {{"EDIT_DIM_X", 1600}, {"RADIO_INWARD", true}, {"CHECK_KEY_POSITION", true}};
+    const std::string first = writeScene("s.json", scene);
+    ASSERT_EQ(run({first, "--set", "EDIT_MIN_LONGITUDE=30.5", "--out", path("one.json")}).status, 0);
+    const apptest::ToolRun again = run({path("one.json"), "--out", path("two.json")});
+    ASSERT_EQ(again.status, 0) << again.err;
+    EXPECT_EQ(apptest::readFile(path("two.json")), apptest::readFile(path("one.json")));
+
+    // The settings record every control that holds a value, as the dialog held it.
+    const json written = json::parse(apptest::readFile(path("one.json")))["settings"];
+    EXPECT_EQ(written.size(), 42u);
+    EXPECT_EQ(written["EDIT_DIM_X"], 1600);
+    EXPECT_EQ(written["EDIT_MIN_LONGITUDE"], 30.5);
+    EXPECT_EQ(written["RADIO_INWARD"], true);
+    EXPECT_EQ(written["RADIO_OUTWARD"], false);
+    EXPECT_EQ(written["EDIT_DIM_Y"], 2000);
+    EXPECT_EQ(written["CHECK_USE_COMP_CENTER"], true);
+}
+
+// The dialog-manager identifiers of the controls drawn in a dialog picture.
+std::set<int> drawnIds(const std::string& svg)
+{
+    std::set<int> ids;
+    const std::regex id("data-id=\"(-?[0-9]+)\"");
+    for (auto it = std::sregex_iterator(svg.begin(), svg.end(), id); it != std::sregex_iterator(); ++it) {
+        if (const int value = std::stoi((*it)[1]); value != 0) {
+            ids.insert(value);
+        }
+    }
+    return ids;
+}
+
+std::set<int> shownIds()
+{
+    std::set<int> ids{STATIC_VERSION};
+    for (const ControlSpec& c : kCylinderControls) {
+        if (c.id != 0 && c.shown) {
+            ids.insert(c.id);
+        }
+    }
+    return ids;
+}
+
+class DialogPicture : public apptest::ToolTest {
+protected:
+    std::string picture(bool panels, std::vector<std::string> sets)
+    {
+        std::vector<std::string> args{writeScene("s.json", cardScene(2, 200, 150, panels)), "--dialog", path("d.svg")};
+        args.insert(args.end(), sets.begin(), sets.end());
+        const apptest::ToolRun r = run(args);
+        EXPECT_EQ(r.status, 0) << r.err;
+        return apptest::readFile(path("d.svg"));
+    }
+};
+
+TEST_F(DialogPicture, WindowShowsExactlyTheVisibleControls)
+{
+    // Hidden controls set by force stay hidden.
+    const std::string svg = picture(false, {"--set", "CHECK_DONT_INTERSECT=on", "--set", "EDIT_SPHERE_CENTER_X=10"});
+    EXPECT_EQ(drawnIds(svg), shownIds());
+    EXPECT_NE(svg.find(">Orbisett</text>"), std::string::npos);
+    EXPECT_NE(svg.find("Distribute Evenly"), std::string::npos);
+    EXPECT_EQ(svg.find("Don't Intersect"), std::string::npos);
+    EXPECT_EQ(svg.find("Cylinder Center"), std::string::npos);
+}
+
+TEST_F(DialogPicture, PanelShowsExactlyTheVisibleControls)
+{
+    const std::string svg = picture(true, {"--set", "CHECK_RANDOM_ORDER=on"});
+    EXPECT_EQ(drawnIds(svg), shownIds());
+    EXPECT_NE(svg.find("Random Order"), std::string::npos);
+    EXPECT_EQ(svg.find("Equator Only"), std::string::npos);
+    // The check box set on is drawn checked.
+    const std::size_t random = svg.find("data-id=\"521\"");
+    ASSERT_NE(random, std::string::npos);
+    EXPECT_NE(svg.find("data-value=\"1\"", random), std::string::npos);
+    EXPECT_LT(svg.find("data-value=\"1\"", random), svg.find("</g>", random));
+}
+
+}  // namespace
