@@ -26,33 +26,40 @@ BaseADMDialog::~BaseADMDialog() {
     }
 }
 
+struct BaseADMDialog::CreationWatch {
+    explicit CreationWatch(BaseADMDialog* watched) : self(watched) { self->creation_gone_ = &gone; }
+    ~CreationWatch() {
+        if (!gone) {
+            self->creation_gone_ = nullptr;
+        }
+    }
+    CreationWatch(const CreationWatch&) = delete;
+    CreationWatch& operator=(const CreationWatch&) = delete;
+
+    BaseADMDialog* self;
+    bool gone = false;
+};
+
 ADMDialogRef BaseADMDialog::Create(SPPluginRef plugin, const char* name, ADMInt32 id, ADMDialogStyle style,
                                    ADMInt32 options) {
-    bool gone = false;
-    creation_gone_ = &gone;
+    CreationWatch watch(this);
     ADMDialogRef made = sADMDialog->Create(plugin, name, id, style, InitProc, this, options);
-    return bind_created(made, gone);
+    if (!watch.gone) {
+        dialog = made;
+    }
+    return made;
 }
 
 ADMDialogRef BaseADMDialog::CreatePanel(SPPluginRef plugin, const char* name, ADMInt32 id,
                                         AEGP_PanelSuite1* panel_suite, AEGP_PanelH panel,
                                         AEGP_PlatformViewRef container, AEGP_PanelFunctions1* panel_functions,
                                         AEGP_PanelRefcon* panel_refcon) {
-    bool gone = false;
-    creation_gone_ = &gone;
+    CreationWatch watch(this);
     ADMDialogRef made = sADMDialog->CreatePanel(plugin, name, id, InitProc, this, panel_suite, panel, container,
                                                 panel_functions, panel_refcon);
-    return bind_created(made, gone);
-}
-
-ADMDialogRef BaseADMDialog::bind_created(ADMDialogRef made, const bool& gone) {
-    // A creation whose Init failed after the destroy proc was installed may have deleted this
-    // object inside the toolkit call; then nothing of it may be touched any more.
-    if (gone) {
-        return made;
+    if (!watch.gone) {
+        dialog = made;
     }
-    creation_gone_ = nullptr;
-    dialog = made;
     return made;
 }
 

@@ -37,9 +37,10 @@ public:
 
 private:
     static BaseADMDialog* bound_object(ADMDialogRef dialog);
-    ADMDialogRef bind_created(ADMDialogRef made, const bool& gone);
 
-    // Set while Create or CreatePanel runs; the destructor raises it so that a creation whose
-    // failure deleted the object does not store into freed memory.
+    // Watches one Create or CreatePanel: a creation whose failure deleted the object must not
+    // store into it afterwards, also when an exception leaves the creation.
+    struct CreationWatch;
+    // Set while a creation runs; the destructor raises the flag it points to.
     bool* creation_gone_;
 };
