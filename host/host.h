@@ -8,6 +8,7 @@
 
 #include "host/project.h"
 #include "host_api.h"
+#include "platform/driver.h"
 #include "platform/platform.h"
 
 #include <cstddef>
@@ -165,6 +166,11 @@ public:
     bool disposePanel(std::string_view match_name);
     // Asks the plug-in's panel functions for the snap sizes; empty when there is none.
     std::vector<A_LPoint> panelSnapSizes(std::string_view match_name);
+    // Sends the panel's container view a draw event, as the window system does when the panel
+    // needs painting, and returns what was drawn; an empty record when the panel is not created.
+    platform::DrawRecord drawPanel(std::string_view match_name);
+    // Whether the plug-in asked the host to paint the panel's background.
+    bool panelPaintsBackground(std::string_view match_name) const;
     // The size new panel container views get.
     void setPanelSize(A_long width, A_long height);
 

@@ -144,6 +144,25 @@ std::vector<A_LPoint> Host::panelSnapSizes(std::string_view match_name) {
     return std::vector<A_LPoint>(sizes, sizes + std::min<A_long>(count, 16));
 }
 
+platform::DrawRecord Host::drawPanel(std::string_view match_name) {
+    detail::Panel* p = detail::findPanel(*state_, match_name);
+    if (p == nullptr || !p->created) {
+        return platform::DrawRecord{};
+    }
+    ControlRef view = p->view;
+    platform::DrawRecord record;
+    detail::callHook(*state_, "draw panel", [&] {
+        record = platform::drawView(view);
+        return A_Err_NONE;
+    });
+    return record;
+}
+
+bool Host::panelPaintsBackground(std::string_view match_name) const {
+    const detail::Panel* p = detail::findPanel(*state_, match_name);
+    return p != nullptr && p->paint_background;
+}
+
 void Host::setPanelSize(A_long width, A_long height) {
     state_->panel_width = width;
     state_->panel_height = height;

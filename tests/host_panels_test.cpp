@@ -12,6 +12,7 @@ struct Created {
     ControlRef view = nullptr;
     AEGP_PanelH panel = nullptr;
     int disposes = 0;
+    int draws = 0;
 };
 Created g_created;
 
@@ -24,7 +25,11 @@ A_Err snapSizes(AEGP_PanelRefcon refcon, A_LPoint* sizes, A_long* count) {
     return A_Err_NONE;
 }
 
-OSStatus onDispose(EventHandlerCallRef, EventRef, void*) {
+OSStatus onViewEvent(EventHandlerCallRef, EventRef event, void*) {
+    if (GetEventKind(event) == kEventControlDraw) {
+        ++g_created.draws;
+        return noErr;
+    }
     ++g_created.disposes;
     return eventNotHandledErr;
 }
@@ -36,8 +41,8 @@ A_Err createPanel(AEGP_GlobalRefcon, AEGP_CreatePanelRefcon, AEGP_PlatformViewRe
     g_created.panel = panel;
     functions->GetSnapSizes = snapSizes;
     *refcon = reinterpret_cast<AEGP_PanelRefcon>(&g_created);
-    const EventTypeSpec dispose{kEventClassControl, kEventControlDispose};
-    InstallEventHandler(GetControlEventTarget(container), NewEventHandlerUPP(onDispose), 1, &dispose, nullptr, nullptr);
+    const EventTypeSpec events[] = {{kEventClassControl, kEventControlDispose}, {kEventClassControl, kEventControlDraw}};
+    InstallEventHandler(GetControlEventTarget(container), NewEventHandlerUPP(onViewEvent), 2, events, nullptr, nullptr);
     const void* table = nullptr;
     host::Host::current()->basicSuite()->AcquireSuite(kAEGPWorkspacePanelSuite, 1, &table);
     static_cast<const AEGP_PanelSuite1*>(table)->AEGP_SetTitle(panel, text("Orbisett"));
@@ -72,6 +77,14 @@ TEST_F(HostPanels, FirstToggleCreatesTheViewAndCallsTheHookThenShows) {
     ASSERT_EQ(A_Err_NONE, ps->AEGP_IsShown(text("DE_Orbisett v1.3"), &shown, &front));
     EXPECT_EQ(1, shown);
     EXPECT_EQ(1, front);
+}
+
+TEST_F(HostPanels, DrawingReachesTheViewsHandlers) {
+    EXPECT_EQ(eventNotHandledErr, h.drawPanel("DE_Orbisett v1.3").status);
+    h.togglePanel("DE_Orbisett v1.3");
+    EXPECT_TRUE(h.panelPaintsBackground("DE_Orbisett v1.3"));
+    EXPECT_EQ(noErr, h.drawPanel("DE_Orbisett v1.3").status);
+    EXPECT_EQ(1, g_created.draws);
 }
 
 TEST_F(HostPanels, LaterTogglesHideAndShowWithoutCreatingAgain) {
