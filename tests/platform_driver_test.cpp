@@ -51,8 +51,8 @@ TEST_F(DriverTest, ClickTogglesBeforeTheCommandIsSent) {
     static_cast<Seen*>(data)->value = GetControl32BitValue(command.source.control);
     return noErr;
   };
-  const EventTypeSpec spec{kEventClassCommand, kEventCommandProcess};
-  InstallEventHandler(GetControlEventTarget(box), handler, 1, &spec, &seen, nullptr);
+  const EventTypeSpec event_type{kEventClassCommand, kEventCommandProcess};
+  InstallEventHandler(GetControlEventTarget(box), handler, 1, &event_type, &seen, nullptr);
   EXPECT_TRUE(platform::click(box).ok());
   EXPECT_EQ(1, seen.value);
   EXPECT_TRUE(platform::click(box).ok());

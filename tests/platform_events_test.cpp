@@ -36,9 +36,9 @@ OSStatus probeHandler(EventHandlerCallRef, EventRef event, void* data) {
 
 const EventTypeSpec kCommand{kEventClassCommand, kEventCommandProcess};
 
-EventHandlerRef install(EventTargetRef target, Probe& probe, const EventTypeSpec& spec = kCommand) {
+EventHandlerRef install(EventTargetRef target, Probe& probe, const EventTypeSpec& event_type = kCommand) {
   EventHandlerRef ref = nullptr;
-  EXPECT_EQ(noErr, InstallEventHandler(target, NewEventHandlerUPP(probeHandler), 1, &spec, &probe, &ref));
+  EXPECT_EQ(noErr, InstallEventHandler(target, NewEventHandlerUPP(probeHandler), 1, &event_type, &probe, &ref));
   return ref;
 }
 

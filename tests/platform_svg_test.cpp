@@ -57,8 +57,8 @@ TEST_F(SvgTest, PanelViewShowsItsDrawnBackgroundAndMultilineText) {
     CGContextFillRect(context, CGRect{{0, 0}, {80, 100}});
     return noErr;
   };
-  const EventTypeSpec spec{kEventClassControl, kEventControlDraw};
-  InstallEventHandler(GetControlEventTarget(panel), paint, 1, &spec, nullptr, nullptr);
+  const EventTypeSpec event_type{kEventClassControl, kEventControlDraw};
+  InstallEventHandler(GetControlEventTarget(panel), paint, 1, &event_type, nullptr, nullptr);
   Rect r{10, 10, 60, 70};
   Str text("first line\rsecond");
   ControlRef label = nullptr;

@@ -35,8 +35,8 @@ void watchWindow(WindowRef w, Recorder& r) {
 }
 
 void watchDispose(ControlRef c, Recorder& r) {
-  const EventTypeSpec spec{kEventClassControl, kEventControlDispose};
-  ASSERT_EQ(noErr, InstallEventHandler(GetControlEventTarget(c), record, 1, &spec, &r, nullptr));
+  const EventTypeSpec event_type{kEventClassControl, kEventControlDispose};
+  ASSERT_EQ(noErr, InstallEventHandler(GetControlEventTarget(c), record, 1, &event_type, &r, nullptr));
 }
 
 TEST_F(WindowTest, DisposeSendsClosedThenDisposesEveryControl) {
