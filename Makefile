@@ -2,7 +2,7 @@ BUILD ?= build
 JOBS ?= 2
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: deps configure build test bench demo clean
+.PHONY: deps configure build test test-sanitize fuzz bench demo clean
 
 deps:
 	@bash scripts/deps.sh
@@ -15,6 +15,38 @@ build: configure
 
 test: build
 	@cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+
+# The whole suite again, built with AddressSanitizer and UndefinedBehaviorSanitizer; the plug-in
+# module is loaded into the sanitized test programs like any other build.
+SANITIZE_BUILD ?= build-sanitize
+# Light optimisation and line tables only: a quicker build, and still file and line in reports.
+SANITIZE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo '-DCMAKE_CXX_FLAGS_RELWITHDEBINFO=-O1 -g1'
+SANITIZE_ENV = ASAN_OPTIONS=detect_leaks=1:abort_on_error=1:detect_stack_use_after_return=1 \
+	UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+
+test-sanitize: deps
+	@cmake -S . -B $(SANITIZE_BUILD) -G Ninja $(SANITIZE_FLAGS) -DORBISETT_SANITIZE=ON > /dev/null
+	@cmake --build $(SANITIZE_BUILD) -j $(JOBS)
+	@cd $(SANITIZE_BUILD) && $(SANITIZE_ENV) ctest --output-on-failure -j $(JOBS)
+
+# libFuzzer with clang: each target runs for FUZZ_SECONDS from its seed corpus; what it finds is
+# left in $(FUZZ_BUILD)/crashes. Not part of `make test`.
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
+FUZZ_TARGETS = edit_field scene set_assignment
+
+fuzz: deps
+	@cmake -S . -B $(FUZZ_BUILD) -G Ninja $(CMAKE_FLAGS) -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ \
+		-DCMAKE_CXX_FLAGS=-fsanitize=fuzzer-no-link -DORBISETT_SANITIZE=ON -DORBISETT_FUZZ=ON > /dev/null
+	@cmake --build $(FUZZ_BUILD) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
+	@mkdir -p $(FUZZ_BUILD)/crashes
+	@for t in $(FUZZ_TARGETS); do \
+		mkdir -p $(FUZZ_BUILD)/corpus/$$t; \
+		echo "== fuzzing $$t for $(FUZZ_SECONDS) s"; \
+		$(FUZZ_BUILD)/tests/fuzz_$$t $(FUZZ_BUILD)/corpus/$$t tests/fuzz/corpus/$$t \
+			-max_total_time=$(FUZZ_SECONDS) -timeout=10 -rss_limit_mb=4096 -print_final_stats=1 \
+			-artifact_prefix=$(FUZZ_BUILD)/crashes/$$t- || exit 1; \
+	done
 
 bench: build
 	@if [ -x $(BUILD)/bench/orbisett-bench ]; then $(BUILD)/bench/orbisett-bench; \

@@ -7,3 +7,5 @@ if(TARGET orbisett)
   target_compile_definitions(fault_sweep_tests PRIVATE ORBISETT_MODULE_PATH="$<TARGET_FILE:orbisett>")
   add_dependencies(fault_sweep_tests orbisett)
 endif()
+
+include(${CMAKE_CURRENT_SOURCE_DIR}/fuzz/fuzz.cmake)
