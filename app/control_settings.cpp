@@ -34,6 +34,9 @@ std::string lower(std::string_view text)
     return out;
 }
 
+// An edit field reads at most this many characters of its text; what follows is never seen.
+constexpr std::size_t kEditFieldReads = 127;
+
 // The whole text must be one finite decimal number, as the edit field will read all of it.
 bool isNumberText(std::string_view text)
 {
@@ -92,6 +95,11 @@ ControlSetting settingFromText(const ControlSpec& control, std::string_view valu
     case SettingKind::edit:
         if (!isNumberText(value)) {
             throw AppError(where + ": " + name + " is an edit field and takes a number, not " + shown);
+        }
+        if (value.size() > kEditFieldReads) {
+            throw AppError(where + ": " + name + " is an edit field, which reads only the first " +
+                           std::to_string(kEditFieldReads) + " characters of a number; this one has " +
+                           std::to_string(value.size()));
         }
         setting.text = std::string(value);
         return setting;
