@@ -6,6 +6,7 @@
 #include "cylinder/layout_scope.h"
 #include "cylinder/step_walk.h"
 #include "math/random.h"
+#include "math/saturate.h"
 
 #include <cmath>
 #include <limits>
@@ -75,8 +76,8 @@ void MainDlg::resize_layers()
         const float fy = target / static_cast<float>(record.size.y);
         record.scale.val.three_d.x *= fx;
         record.scale.val.three_d.y *= fy;
-        record.size.x = static_cast<A_long>(fx * static_cast<float>(record.size.x));
-        record.size.y = static_cast<A_long>(fy * static_cast<float>(record.size.y));
+        record.size.x = math::saturate<A_long>(fx * static_cast<float>(record.size.x));
+        record.size.y = math::saturate<A_long>(fy * static_cast<float>(record.size.y));
     }
 }
 

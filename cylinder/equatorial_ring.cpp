@@ -4,6 +4,7 @@
 
 #include "cylinder/cylinder_constants.h"
 #include "math/matrix3d.h"
+#include "math/saturate.h"
 
 #include <cmath>
 #include <vector>
@@ -168,7 +169,7 @@ void MainDlg::create_equatorial_ring()
     for (LayerInfo& record : layers) {
         if (i == n - 1 && record.size.x != 0) {
             const double factor = closing / static_cast<double>(record.size.x);
-            record.size.x = static_cast<A_long>(factor * static_cast<double>(record.size.x));
+            record.size.x = math::saturate<A_long>(factor * static_cast<double>(record.size.x));
             record.scale.val.three_d.x *= factor;
         }
         orient_layer(ring.normals[i], &record.orientation);

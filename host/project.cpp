@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cmath>
 
 namespace host {
 
@@ -52,6 +53,17 @@ double seconds(const A_Time& t) {
     return static_cast<double>(t.value) / static_cast<double>(t.scale == 0 ? 1 : t.scale);
 }
 
+namespace {
+
+// Linear interpolation that stays finite between finite keys, even far apart ones such as
+// -1e308 and 1e308, whose difference alone would overflow.
+double between(double a, double b, double t) {
+    const double span = b - a;
+    return std::isfinite(span) ? a + span * t : a * (1.0 - t) + b * t;
+}
+
+}  // namespace
+
 Vec3 Property::valueAt(const A_Time& time) const {
     if (keys.empty()) {
         return value;
@@ -72,8 +84,7 @@ Vec3 Property::valueAt(const A_Time& time) const {
         return b.value;
     }
     const double t = (seconds(time) - seconds(a.time)) / (seconds(b.time) - seconds(a.time));
-    return Vec3{a.value.x + (b.value.x - a.value.x) * t, a.value.y + (b.value.y - a.value.y) * t,
-                a.value.z + (b.value.z - a.value.z) * t};
+    return Vec3{between(a.value.x, b.value.x, t), between(a.value.y, b.value.y, t), between(a.value.z, b.value.z, t)};
 }
 
 int Property::keyAt(const A_Time& time) const {

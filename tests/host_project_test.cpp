@@ -17,6 +17,13 @@ TEST(HostProperty, InterpolatesLinearlyBetweenKeysAndHoldsOutside) {
     EXPECT_EQ(p.valueAt(A_Time{-5, 30}), (Vec3{0, 0, 0}));
     EXPECT_EQ(p.valueAt(A_Time{90, 30}), (Vec3{100, 200, -50}));
     EXPECT_EQ(p.valueAt(A_Time{30, 30}), (Vec3{100, 200, -50}));
+
+    // Keys at the ends of the double range: their difference overflows, the value between does not.
+    host::Property far;
+    far.insertKey(A_Time{0, 1}, Vec3{-1e308, 1e308, 5});
+    far.insertKey(A_Time{4, 1}, Vec3{1e308, -1e308, 5});
+    EXPECT_EQ(far.valueAt(A_Time{1, 1}), (Vec3{-0.5e308, 0.5e308, 5}));
+    EXPECT_EQ(far.valueAt(A_Time{2, 1}), (Vec3{0, 0, 5}));
 }
 
 TEST(HostProperty, WithoutKeysTheStaticValueHoldsAtEveryTime) {

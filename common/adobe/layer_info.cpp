@@ -2,6 +2,7 @@
 // source size and displayed size.
 #include "common/adobe/AssistantDlg.h"
 
+#include "math/saturate.h"
 #include "shell/global_suites.h"
 
 namespace {
@@ -35,7 +36,7 @@ A_Err read_orientation(AEGP_SuiteHandler& suites, AEGP_LayerH layer, const A_Tim
 }
 
 // Truncated toward zero, the quotient taken first as the host's own display does.
-A_long scaled(A_long pixels, A_FpLong percent) { return static_cast<A_long>(pixels * (percent / 100.0)); }
+A_long scaled(A_long pixels, A_FpLong percent) { return math::saturate<A_long>(pixels * (percent / 100.0)); }
 
 }  // namespace
 
