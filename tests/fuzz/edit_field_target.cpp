@@ -26,12 +26,12 @@ std::vector<const ControlSpec*> editFields() {
     return edits;
 }
 
-std::string check(const ControlSpec& spec, float value, ADMInt32 integer) {
-    if (!std::isfinite(value) || value < spec.minimum || value > spec.maximum) {
-        return std::string(spec.name) + " read " + std::to_string(value) + " outside its limits";
+std::string check(const ControlSpec& control, float value, ADMInt32 integer) {
+    if (!std::isfinite(value) || value < control.minimum || value > control.maximum) {
+        return std::string(control.name) + " read " + std::to_string(value) + " outside its limits";
     }
-    if (integer < std::trunc(spec.minimum) || integer > std::trunc(spec.maximum)) {
-        return std::string(spec.name) + " read the integer " + std::to_string(integer) + " outside its limits";
+    if (integer < std::trunc(control.minimum) || integer > std::trunc(control.maximum)) {
+        return std::string(control.name) + " read the integer " + std::to_string(integer) + " outside its limits";
     }
     return {};
 }
@@ -43,19 +43,19 @@ std::string editFieldText(const std::uint8_t* data, std::size_t size) {
     if (size == 0) {
         return {};
     }
-    const ControlSpec& spec = *edits[data[0] % edits.size()];
+    const ControlSpec& control = *edits[data[0] % edits.size()];
     const bool typed = (data[0] & 0x80) != 0;
     const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
 
-    const LoneEditField field(spec);
+    const LoneEditField field(control);
     if (typed) {
-        platform::typeText(platform::findControlById(platform::windows().back(), spec.id), text, platform::Force::yes);
+        platform::typeText(platform::findControlById(platform::windows().back(), control.id), text, platform::Force::yes);
     } else {
         sADMItem->SetText(field.item(), text.c_str());
     }
     const float value = sADMItem->GetFloatValue(field.item());
     const ADMInt32 integer = sADMItem->GetIntValue(field.item());
-    return check(spec, value, integer);
+    return check(control, value, integer);
 }
 
 }  // namespace fuzz

@@ -10,13 +10,13 @@ namespace fuzz {
 
 class LoneEditField {
 public:
-    explicit LoneEditField(const ControlSpec& spec)
+    explicit LoneEditField(const ControlSpec& control)
         : dialog_(sADMDialog->Create(nullptr, "Fuzz", 0, kADMFloatingDialogStyle, nullptr, nullptr, 0)) {
         IASRect place{10, 10, 30, 110};
-        item_ = sADMItem->Create(dialog_, spec.id, kADMTextEditType, &place, nullptr, nullptr, 0);
-        sADMItem->SetMinFloatValue(item_, spec.minimum);
-        sADMItem->SetMaxFloatValue(item_, spec.maximum);
-        sADMItem->SetFloatValue(item_, spec.value);
+        item_ = sADMItem->Create(dialog_, control.id, kADMTextEditType, &place, nullptr, nullptr, 0);
+        sADMItem->SetMinFloatValue(item_, control.minimum);
+        sADMItem->SetMaxFloatValue(item_, control.maximum);
+        sADMItem->SetFloatValue(item_, control.value);
     }
     ~LoneEditField() { sADMDialog->Destroy(dialog_); }
     LoneEditField(const LoneEditField&) = delete;

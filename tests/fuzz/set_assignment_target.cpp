@@ -40,18 +40,17 @@ std::string assignmentFrom(const std::uint8_t* data, std::size_t size) {
 }
 
 // What a field with the control's limits reads from the text.
-float fieldReads(const ControlSpec& spec, const std::string& text) {
-    const LoneEditField field(spec);
+float fieldReads(const ControlSpec& control, const std::string& text) {
+    const LoneEditField field(control);
     sADMItem->SetText(field.item(), text.c_str());
-    const float value = sADMItem->GetFloatValue(field.item());
-    return value;
+    return sADMItem->GetFloatValue(field.item());
 }
 
 // The number the whole text means, limited as the field limits it.
-float meant(const ControlSpec& spec, const std::string& text) {
+float meant(const ControlSpec& control, const std::string& text) {
     double number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
-    return number > spec.maximum ? spec.maximum : spec.minimum > number ? spec.minimum : static_cast<float>(number);
+    return number > control.maximum ? control.maximum : control.minimum > number ? control.minimum : static_cast<float>(number);
 }
 
 }  // namespace
