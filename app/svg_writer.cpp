@@ -1,5 +1,7 @@
 #include "app/svg_writer.h"
 
+#include "platform/driver.h"
+
 #include <cstdio>
 
 namespace app {
@@ -13,23 +15,9 @@ std::string coordinate(double value)
     return buffer;
 }
 
-}  // namespace
+using platform::escapeXml;
 
-std::string escapeXml(std::string_view text)
-{
-    std::string out;
-    for (char c : text) {
-        switch (c) {
-        case '&': out += "&amp;"; break;
-        case '<': out += "&lt;"; break;
-        case '>': out += "&gt;"; break;
-        case '"': out += "&quot;"; break;
-        case '\'': out += "&apos;"; break;
-        default: out += c;
-        }
-    }
-    return out;
-}
+}  // namespace
 
 SvgWriter::SvgWriter(int width, int height, std::string_view background)
 {

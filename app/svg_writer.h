@@ -38,7 +38,4 @@ private:
     std::ostringstream out_;
 };
 
-// Text made safe for XML content and attribute values.
-std::string escapeXml(std::string_view text);
-
 }  // namespace app

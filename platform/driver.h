@@ -135,4 +135,7 @@ LiveCounts liveCounts();
 std::string windowToSvg(WindowRef window);
 std::string viewToSvg(ControlRef view);
 
+// Text made safe inside an XML attribute or element, as the pictures need it.
+std::string escapeXml(std::string_view text);
+
 } // namespace platform

@@ -1,4 +1,5 @@
 // Pictures of windows and views as SVG, drawn from what the window system holds.
+#include "platform/driver.h"
 #include "platform/metrics.h"
 
 #include <algorithm>
@@ -10,11 +11,7 @@ namespace platform {
 
 using namespace detail;
 
-namespace {
-
-constexpr int kTitleBar = 22;
-
-std::string escapeXml(const std::string& text) {
+std::string escapeXml(std::string_view text) {
   std::string out;
   for (char c : text) {
     switch (c) {
@@ -28,6 +25,10 @@ std::string escapeXml(const std::string& text) {
   }
   return out;
 }
+
+namespace {
+
+constexpr int kTitleBar = 22;
 
 std::string fourChars(OSType code) {
   std::string s;
