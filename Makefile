@@ -35,7 +35,8 @@ FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
 FUZZ_TARGETS = edit_field scene set_assignment
 
-fuzz: deps
+fuzz:
+	@bash scripts/deps.sh clang libclang-rt-14-dev
 	@cmake -S . -B $(FUZZ_BUILD) -G Ninja $(CMAKE_FLAGS) -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ \
 		-DCMAKE_CXX_FLAGS=-fsanitize=fuzzer-no-link -DORBISETT_SANITIZE=ON -DORBISETT_FUZZ=ON > /dev/null
 	@cmake --build $(FUZZ_BUILD) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
