@@ -90,6 +90,18 @@ void setLimits(OpaqueControlRef* control, SInt32 value, SInt32 minimum, SInt32 m
   control->value = clampValue(*control, value);
 }
 
+// Check boxes and radio buttons: a title and a value from 0 to 1.
+OSStatus makeToggle(WindowRef window, OSType kind, const Rect* bounds, CFStringRef title, SInt32 initialValue,
+                    Boolean autoToggle, ControlRef* out) {
+  OSStatus status;
+  if (OpaqueControlRef* c = make(window, kind, bounds, out, &status)) {
+    c->title = charsOf(title);
+    c->autoToggle = autoToggle;
+    setLimits(c, initialValue, 0, 1);
+  }
+  return status;
+}
+
 } // namespace
 
 extern "C" {
@@ -142,13 +154,7 @@ OSStatus CreatePopupButtonControl(WindowRef window, const Rect* boundsRect, CFSt
 
 OSStatus CreateCheckBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
                                SInt32 initialValue, Boolean autoToggle, ControlRef* outControl) {
-  OSStatus status;
-  if (OpaqueControlRef* c = make(window, kControlKindCheckBox, boundsRect, outControl, &status)) {
-    c->title = charsOf(title);
-    c->autoToggle = autoToggle;
-    setLimits(c, initialValue, 0, 1);
-  }
-  return status;
+  return makeToggle(window, kControlKindCheckBox, boundsRect, title, initialValue, autoToggle, outControl);
 }
 
 OSStatus CreateEditUnicodeTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
@@ -174,13 +180,7 @@ OSStatus CreatePushButtonControl(WindowRef window, const Rect* boundsRect, CFStr
 
 OSStatus CreateRadioButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
                                   SInt32 initialValue, Boolean autoToggle, ControlRef* outControl) {
-  OSStatus status;
-  if (OpaqueControlRef* c = make(window, kControlKindRadioButton, boundsRect, outControl, &status)) {
-    c->title = charsOf(title);
-    c->autoToggle = autoToggle;
-    setLimits(c, initialValue, 0, 1);
-  }
-  return status;
+  return makeToggle(window, kControlKindRadioButton, boundsRect, title, initialValue, autoToggle, outControl);
 }
 
 OSStatus CreateStaticTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
