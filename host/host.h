@@ -31,6 +31,9 @@ struct UndoGroup {
     int depth = 0;
     bool closed = false;
     bool undone = false;
+    // Layers whose properties were set (a value or a keyframe) while this outermost group was
+    // open, in the order of their first change: what the step touched. Empty for nested groups.
+    std::vector<Id> written;
 };
 
 struct Report {

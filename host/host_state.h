@@ -122,6 +122,7 @@ struct State {
     std::vector<UndoSnapshot> undo_stack;
     Project pending;  // snapshot taken when the outermost open group started
     std::size_t pending_group = 0;
+    std::set<Id> written_in_group;  // the open outermost group's `written`, for lookup
     int depth = 0;
     int stray_ends = 0;
 
@@ -175,6 +176,8 @@ bool isKnownCommand(const State& s, AEGP_Command command);
 // Undo (undo.cpp).
 void startUndoGroup(State& s, std::string name);
 A_Err endUndoGroup(State& s);
+// Notes that a layer's property was set, for the open outermost group's `written`.
+void noteWrite(State& s, Id layer);
 
 // The host's own duplicate command on the active composition's selection.
 bool duplicateSelection(State& s);

@@ -92,6 +92,7 @@ A_Err setStreamValue(AEGP_PluginID, AEGP_StreamRefH stream, AEGP_StreamValue* va
         return A_Err_PARAMETER;
     }
     Property& property = place.layer()->prop(open->prop);
+    noteWrite(*s, open->layer);
     if (property.keys.empty()) {
         property.value = v;
     } else {
@@ -129,6 +130,7 @@ A_Err insertKeyframe(AEGP_StreamRefH stream, AEGP_LTimeMode time_mode, const A_T
         return A_Err_PARAMETER;
     }
     Property& property = place.layer()->prop(open->prop);
+    noteWrite(*s, open->layer);
     const int index = property.insertKey(*time, property.valueAt(*time));
     if (key_index != nullptr) {
         *key_index = index;

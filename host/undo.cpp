@@ -13,6 +13,7 @@ void startUndoGroup(State& s, std::string name) {
     if (s.depth == 0) {
         s.pending = s.project;
         s.pending_group = s.groups.size();
+        s.written_in_group.clear();
     }
     s.groups.push_back(std::move(group));
     ++s.depth;
@@ -36,6 +37,12 @@ A_Err endUndoGroup(State& s) {
         s.pending = Project{};
     }
     return A_Err_NONE;
+}
+
+void noteWrite(State& s, Id layer) {
+    if (s.depth > 0 && s.written_in_group.insert(layer).second) {
+        s.groups[s.pending_group].written.push_back(layer);
+    }
 }
 
 }  // namespace detail

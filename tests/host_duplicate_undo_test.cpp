@@ -82,6 +82,8 @@ TEST_F(HostUndo, UndoRestoresValuesOrderSelectionAndRemovesCopies) {
     ASSERT_EQ(1u, h.undoGroups().size());
     EXPECT_EQ("Orbisett", h.undoGroups()[0].name);
     EXPECT_TRUE(h.undoGroups()[0].closed);
+    // Only A's values were set; copying and reordering touch no property.
+    EXPECT_EQ((std::vector<host::Id>{a}), h.undoGroups()[0].written);
 
     ASSERT_TRUE(h.undo());
     EXPECT_EQ((std::vector<std::string>{"A", "B", "C"}), layerNames());
@@ -114,6 +116,33 @@ TEST_F(HostUndo, GroupsNestAndOnlyTheOutermostIsAStep) {
     ASSERT_TRUE(h.undo());
     EXPECT_EQ("A", h.project().layer(a)->name);
     EXPECT_FALSE(h.undo());
+}
+
+TEST_F(HostUndo, AStepListsTheLayersItSetInTheOrderOfTheirFirstChange) {
+    auto* ut = utility();
+    auto set = [&](host::Id layer, AEGP_LayerStream which) {
+        AEGP_StreamRefH s = nullptr;
+        ASSERT_EQ(A_Err_NONE, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(layer), which, &s));
+        AEGP_StreamValue v{};
+        v.streamH = s;
+        streams()->AEGP_SetStreamValue(1, s, &v);
+        streams()->AEGP_DisposeStream(s);
+    };
+    set(c, AEGP_LayerStream_POSITION);  // outside any group: no step records it
+    ut->AEGP_StartUndoGroup("outer");
+    set(b, AEGP_LayerStream_SCALE);
+    ut->AEGP_StartUndoGroup("inner");
+    set(a, AEGP_LayerStream_POSITION);
+    set(b, AEGP_LayerStream_POSITION);
+    ut->AEGP_EndUndoGroup();
+    ut->AEGP_EndUndoGroup();
+    ut->AEGP_StartUndoGroup("next");
+    set(c, AEGP_LayerStream_ORIENTATION);
+    ut->AEGP_EndUndoGroup();
+    ASSERT_EQ(3u, h.undoGroups().size());
+    EXPECT_EQ((std::vector<host::Id>{b, a}), h.undoGroups()[0].written);
+    EXPECT_TRUE(h.undoGroups()[1].written.empty());
+    EXPECT_EQ((std::vector<host::Id>{c}), h.undoGroups()[2].written);
 }
 
 TEST_F(HostUndo, StepsUndoInReverseOrder) {
