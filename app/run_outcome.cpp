@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <optional>
+#include <unordered_map>
 
 namespace app {
 
@@ -21,15 +22,24 @@ bool isArrangeable(const host::Layer& layer)
                              layer.type == AEGP_ObjectType_VECTOR);
 }
 
-const host::Layer* findLayer(const host::Comp& comp, host::Id id)
-{
-    for (const host::Layer& layer : comp.layers) {
-        if (layer.id == id) {
-            return &layer;
+// A composition's layers by id: compositions of many thousand layers are looked up as often.
+class LayerIndex {
+public:
+    explicit LayerIndex(const host::Comp& comp)
+    {
+        for (const host::Layer& layer : comp.layers) {
+            layers_.emplace(layer.id, &layer);
         }
     }
-    return nullptr;
-}
+    const host::Layer* find(host::Id id) const
+    {
+        const auto it = layers_.find(id);
+        return it != layers_.end() ? it->second : nullptr;
+    }
+
+private:
+    std::unordered_map<host::Id, const host::Layer*> layers_;
+};
 
 // The last outermost step the plug-in opened, if any.
 const host::UndoGroup* applyStep(const host::Host& host)
@@ -97,7 +107,7 @@ bool onShape(const Vec3& p, const Shape& s)
 }
 
 struct Reading {
-    const host::Comp* comp = nullptr;
+    const LayerIndex* layers = nullptr;
     std::vector<Vec3> points;  // layout-frame places of the written layers, in list order
 };
 
@@ -116,7 +126,7 @@ std::string number(double value)
 
 std::string layerName(const Reading& r, host::Id id)
 {
-    const host::Layer* layer = findLayer(*r.comp, id);
+    const host::Layer* layer = r.layers->find(id);
     return layer != nullptr ? "\"" + layer->name + "\"" : "the first layer";
 }
 
@@ -274,15 +284,17 @@ RunOutcome readRunOutcome(const host::Project& before, const host::Host& after, 
         return out;
     }
     out.comp = comp->id;
+    const LayerIndex layers_before(*comp_before);
+    const LayerIndex layers_after(*comp);
 
     for (const host::Id id : comp_before->selection) {
-        const host::Layer* layer = findLayer(*comp_before, id);
+        const host::Layer* layer = layers_before.find(id);
         if (layer != nullptr && isArrangeable(*layer)) {
             out.taken.push_back(id);
         }
     }
     for (const host::Layer& layer : comp->layers) {
-        if (layer.copy_of != 0 && findLayer(*comp_before, layer.id) == nullptr) {
+        if (layer.copy_of != 0 && layers_before.find(layer.id) == nullptr) {
             out.copies.push_back({layer.id, layer.copy_of});
         }
     }
@@ -303,16 +315,16 @@ RunOutcome readRunOutcome(const host::Project& before, const host::Host& after, 
     if (step != nullptr) {
         out.apply = step->undone ? ApplyState::undone : ApplyState::applied;
         for (const host::Id id : step->written) {
-            if (findLayer(*comp, id) != nullptr) {
+            if (layers_after.find(id) != nullptr) {
                 out.written.push_back(id);
             }
         }
     }
 
-    Reading reading{comp, {}};
+    Reading reading{&layers_after, {}};
     for (const host::Id id : out.written) {
         reading.points.push_back(
-            layoutPoint(findLayer(*comp, id)->prop(host::Prop::position).valueAt(comp->time), surface.centre));
+            layoutPoint(layers_after.find(id)->prop(host::Prop::position).valueAt(comp->time), surface.centre));
     }
 
     std::optional<Shape> shape;
