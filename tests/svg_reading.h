@@ -1,5 +1,5 @@
-// Reading back what the window system's SVG pictures draw: text elements with their attributes,
-// frame rectangles, clip rectangles, and the contrast of two colours.
+// Reading back the window system's SVG pictures: texts with their attributes, the first shape of
+// each control, clip rectangles, and the contrast of two colours.
 #pragma once
 
 #include <algorithm>
@@ -13,47 +13,44 @@ namespace svg_reading {
 
 inline std::string attribute(const std::string& element, const std::string& name) {
   std::smatch m;
-  std::regex pattern("\\s" + name + "=\"([^\"]*)\"");
-  return std::regex_search(element, m, pattern) ? m[1].str() : std::string();
+  return std::regex_search(element, m, std::regex("\\s" + name + "=\"([^\"]*)\"")) ? m[1].str() : "";
 }
 
 inline double number(const std::string& element, const std::string& name) {
   return std::atof(attribute(element, name).c_str());
 }
 
+struct Box {
+  double x = 0, y = 0, width = 0, height = 0;
+};
+
+inline Box boxOf(const std::string& element) {
+  return Box{number(element, "x"), number(element, "y"), number(element, "width"), number(element, "height")};
+}
+
 struct Text {
-  std::string chars, fill, weight, clip;
-  std::string group;     // the opening tag of the control's <g>
-  std::string groupFill; // the fill of the control's first filled shape drawn before the text
-  double x = 0, y = 0;
+  std::string chars, element;
+  std::string group; // the opening tag of its control's <g>
+  std::string shape; // its control's first filled shape drawn before it, if any
+  std::string fill() const { return attribute(element, "fill"); }
+  double y() const { return number(element, "y"); }
 };
 
 // Every <text> of a picture, with the control it belongs to.
 inline std::vector<Text> texts(const std::string& svg) {
   std::vector<Text> found;
-  std::regex element("<g [^>]*>|<(?:rect|circle)[^>]* fill=\"#[^>]*>|<text[^>]*>([^<]*)</text>");
-  std::string group, groupFill;
-  for (auto it = std::sregex_iterator(svg.begin(), svg.end(), element); it != std::sregex_iterator(); ++it) {
+  std::regex part("<g [^>]*>|<(?:rect|circle)[^>]* fill=\"#[^>]*>|(<text[^>]*>)([^<]*)</text>");
+  std::string group, shape;
+  for (auto it = std::sregex_iterator(svg.begin(), svg.end(), part); it != std::sregex_iterator(); ++it) {
     std::string whole = (*it)[0].str();
     if (whole.rfind("<g ", 0) == 0) {
       group = whole;
-      groupFill.clear();
-      continue;
+      shape.clear();
+    } else if (whole.rfind("<text", 0) != 0) {
+      if (shape.empty()) shape = whole;
+    } else {
+      found.push_back(Text{(*it)[2].str(), (*it)[1].str(), group, shape});
     }
-    if (whole.rfind("<text", 0) != 0) {
-      if (groupFill.empty()) groupFill = attribute(whole, "fill");
-      continue;
-    }
-    Text t;
-    t.chars = (*it)[1].str();
-    t.fill = attribute(whole, "fill");
-    t.weight = attribute(whole, "font-weight");
-    t.clip = attribute(whole, "clip-path");
-    t.group = group;
-    t.groupFill = groupFill;
-    t.x = number(whole, "x");
-    t.y = number(whole, "y");
-    found.push_back(t);
   }
   return found;
 }
@@ -65,41 +62,34 @@ inline Text textOf(const std::string& svg, const std::string& chars) {
   return Text{};
 }
 
-struct Box {
-  double x = 0, y = 0, width = 0, height = 0;
-};
-
-inline Box boxOf(const std::string& element) {
-  return Box{number(element, "x"), number(element, "y"), number(element, "width"), number(element, "height")};
-}
-
-// The rectangle of a clip-path reference such as "url(#clip3)".
-inline Box clipBox(const std::string& svg, const std::string& reference) {
-  std::string id = reference.substr(5, reference.size() - 6);
+// The rectangle of a text's clip path.
+inline Box clipOf(const std::string& svg, const Text& text) {
+  std::string reference = attribute(text.element, "clip-path"); // url(#id)
   std::smatch m;
-  std::regex pattern("<clipPath id=\"" + id + "\"><rect[^>]*>");
-  return std::regex_search(svg, m, pattern) ? boxOf(m[0].str()) : Box{};
+  std::regex rect("<clipPath id=\"" + reference.substr(5, reference.size() - 6) + "\"><rect[^>]*>");
+  return std::regex_search(svg, m, rect) ? boxOf(m[0].str()) : Box{};
 }
 
-// The first <rect> of every control of a kind ("grpb" gives group boxes' frames), in order.
-inline std::vector<std::string> firstRects(const std::string& svg, const std::string& kind) {
-  std::vector<std::string> found;
-  std::regex pattern("<g data-kind=\"" + kind + "\"[^>]*>(?:<clipPath.*?</clipPath>|<text.*?</text>)*(<rect[^>]*>)");
-  for (auto it = std::sregex_iterator(svg.begin(), svg.end(), pattern); it != std::sregex_iterator(); ++it) {
-    found.push_back((*it)[1].str());
+// The frame rectangle of every group box, in drawing order.
+inline std::vector<Box> frames(const std::string& svg) {
+  std::vector<Box> found;
+  std::regex frame("<g data-kind=\"grpb\"[^>]*>(?:<clipPath.*?</clipPath>|<text.*?</text>)*(<rect[^>]*>)");
+  for (auto it = std::sregex_iterator(svg.begin(), svg.end(), frame); it != std::sregex_iterator(); ++it) {
+    found.push_back(boxOf((*it)[1].str()));
   }
   return found;
-}
-
-inline double channel(const std::string& hex, int i) {
-  double c = std::strtol(hex.substr(1 + 2 * i, 2).c_str(), nullptr, 16) / 255.0;
-  return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
 }
 
 // Contrast ratio of two "#rrggbb" colours, from their relative luminance.
 inline double contrast(const std::string& a, const std::string& b) {
   auto luminance = [](const std::string& hex) {
-    return 0.2126 * channel(hex, 0) + 0.7152 * channel(hex, 1) + 0.0722 * channel(hex, 2);
+    double sum = 0;
+    for (int i = 0; i < 3; ++i) {
+      double c = std::strtol(hex.substr(1 + 2 * i, 2).c_str(), nullptr, 16) / 255.0;
+      c = c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+      sum += c * (i == 0 ? 0.2126 : i == 1 ? 0.7152 : 0.0722);
+    }
+    return sum;
   };
   double la = luminance(a), lb = luminance(b);
   return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
