@@ -131,7 +131,8 @@ LiveCounts liveCounts();
 // ---- Pictures -------------------------------------------------------------
 
 // A window (its content area and title) or a view as SVG: visible controls at their bounds with
-// titles, texts, values and checked states; disabled controls greyed.
+// titles, texts, values and checked states, text in the face and colour of each control's font
+// style and clipped to it; disabled controls greyed (their group marked data-enabled="false").
 std::string windowToSvg(WindowRef window);
 std::string viewToSvg(ControlRef view);
 

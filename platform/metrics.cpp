@@ -66,6 +66,10 @@ Face faceOfControl(const OpaqueControlRef& control) {
     if (control.fontStyle.font == kControlFontMiniSystemFont) return Face::mini;
     if (control.fontStyle.font < 0) return Face::small; // the other meta fonts
   }
+  // A family of its own (such as a fixed-width one) at the mini font's size.
+  if ((control.fontStyle.flags & kControlUseSizeMask) && control.fontStyle.size == kControlFontMiniSystemFont) {
+    return Face::mini;
+  }
   return control.size == kControlSizeMini ? Face::mini : Face::small;
 }
 

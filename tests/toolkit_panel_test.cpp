@@ -1,5 +1,6 @@
 // Dialogs inside host workspace panels: the panel functions, snap size, background, title,
 // labels beside controls, and destruction by the host or by the plug-in.
+#include "svg_reading.h"
 #include "toolkit_fixture.h"
 
 namespace {
@@ -123,6 +124,18 @@ protected:
         return r;
     }
 
+    // A frame with a title, a check box, an edit field and a bold version line, as the cylinder
+    // dialog makes them; returns the picture of the dialog.
+    static std::string drawSample(ADMDialogRef dialog, ControlRef panel) {
+        sADMItem->SetText(add(dialog, 1, kADMFrameType, {293, 5, 329, 380}), "Insert Keys");
+        sADMItem->SetText(add(dialog, 2, kADMTextCheckBoxType, {308, 40, 323, 170}), "Position");
+        sADMItem->SetText(add(dialog, 3, kADMTextEditType, {36, 40, 54, 115}), "2000");
+        ADMItemRef version = add(dialog, 4, kADMTextStaticType, {362, 8, 374, 200});
+        sADMItem->SetText(version, "Orbisett v1.3.2");
+        sADMItem->SetFont(version, kADMBoldDialogFont);
+        return panel != nullptr ? platform::viewToSvg(panel) : platform::windowToSvg(platform::windows().back());
+    }
+
     ADMDialogRef dialog = nullptr;
 };
 
@@ -189,6 +202,34 @@ TEST_F(PanelLabels, TextTakesTheHostColourExceptInEditFields) {
     EXPECT_EQ(0x8000, style.foreColor.green);
     GetControlData(find(8), 0, kControlFontStyleTag, sizeof style, &style, nullptr);
     EXPECT_EQ(0x201, style.flags);
+}
+
+TEST_F(PanelLabels, PanelAndWindowPicturesPlaceTextsAlikeInTheirOwnColours) {
+    using namespace svg_reading;
+    useAppSuite();
+    const std::string panel = drawSample(dialog, panelView);
+    ADMDialogRef window = makeWindowDialog();
+    const std::string framed = drawSample(window, nullptr);
+    const double titleBar = 22;
+
+    for (const char* text : {"Insert Keys", "Position", "2000", "Orbisett v1.3.2"}) {
+        EXPECT_EQ(textOf(panel, text).y(), textOf(framed, text).y() - titleBar) << text;
+    }
+    EXPECT_EQ(number(textOf(panel, "Insert Keys").element, "x"), number(textOf(framed, "Insert Keys").element, "x"));
+    ASSERT_EQ(1u, frames(panel).size());
+    ASSERT_EQ(1u, frames(framed).size());
+    EXPECT_EQ(frames(panel)[0].y, frames(framed)[0].y - titleBar);
+    EXPECT_EQ(frames(panel)[0].height, frames(framed)[0].height);
+
+    // Panel texts take the host's colour; fields and windows keep the platform's.
+    for (const char* text : {"Insert Keys", "Position", "Orbisett v1.3.2"}) {
+        EXPECT_EQ("#ff8000", textOf(panel, text).fill()) << text;
+        EXPECT_EQ("#000000", textOf(framed, text).fill()) << text;
+    }
+    EXPECT_EQ("#000000", textOf(panel, "2000").fill());
+    EXPECT_EQ("bold", attribute(textOf(panel, "Orbisett v1.3.2").element, "font-weight"));
+    EXPECT_EQ("bold", attribute(textOf(framed, "Orbisett v1.3.2").element, "font-weight"));
+    sADMDialog->Destroy(window);
 }
 
 }  // namespace
