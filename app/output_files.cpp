@@ -1,7 +1,9 @@
 #include "app/output_files.h"
 
 #include "app/app_error.h"
+#include "app/html_page.h"
 #include "app/preview_picture.h"
+#include "app/scene_data.h"
 
 #include <fstream>
 #include <utility>
@@ -34,6 +36,9 @@ void writeOutputs(const Options& options, const SessionResult& result)
     }
     if (!options.dialog.empty()) {
         files.emplace_back(options.dialog, result.dialog_svg);
+    }
+    if (!options.html.empty()) {
+        files.emplace_back(options.html, htmlPage(pageSceneData(result.before, result.host->project(), result.settings)));
     }
     for (const auto& [path, text] : files) {
         writeText(path, text);
