@@ -17,6 +17,9 @@ import { Views } from './views.js';
 const kClickSlop = 5;
 const kOrbitStep = Math.PI / 36;
 const kZoomStep = 1.15;
+// Multisampling costs a software renderer several times the drawing time; outlines are smoothed
+// by the layers' shader anyway, so large scenes go without it.
+const kMultisampledLayers = 5000;
 
 function showMessage(doc, text) {
   const message = doc.getElementById('message');
@@ -24,8 +27,8 @@ function showMessage(doc, text) {
   message.hidden = false;
 }
 
-// Spheres around what the views frame, both states of every layer, the frame and the surface
-// (`fit`), and around all that is drawn, the camera too (`extent`).
+// What the views frame, both states of every layer, the frame and the surface (`box`, and the
+// sphere `fit` around it), and a sphere around all that is drawn, the camera too (`extent`).
 function sceneBounds(data, corners) {
   const box = new Box3().setFromArray(corners.before).union(new Box3().setFromArray(corners.after));
   box.expandByPoint(new Vector3(0, 0, 0)).expandByPoint(new Vector3(data.comp.width, data.comp.height, 0));
@@ -36,10 +39,11 @@ function sceneBounds(data, corners) {
   }
   const fit = box.getBoundingSphere(new Sphere());
   fit.radius = Math.max(fit.radius, 1);
+  const all = box.clone();
   if (data.camera && data.camera.name) {
-    box.expandByPoint(new Vector3().fromArray(data.camera.position));
+    all.expandByPoint(new Vector3().fromArray(data.camera.position));
   }
-  return { fit, extent: box.getBoundingSphere(new Sphere()).union(fit) };
+  return { box, fit, extent: all.getBoundingSphere(new Sphere()).union(fit) };
 }
 
 function summary(data) {
@@ -55,7 +59,7 @@ class Page {
     this.doc = doc;
     this.data = data;
     this.canvas = doc.getElementById('view');
-    this.renderer = new WebGLRenderer({ canvas: this.canvas, antialias: true });
+    this.renderer = new WebGLRenderer({ canvas: this.canvas, antialias: data.layers.length <= kMultisampledLayers });
     this.renderer.setPixelRatio(window.devicePixelRatio);
     this.renderer.setClearColor(palette.background);
     this.scene = new Scene();
@@ -66,11 +70,13 @@ class Page {
     this.bounds = sceneBounds(data, this.corners);
     this.layerMesh = new LayerMesh(data.layers, this.bounds.fit);
     this.highlight = this.makeHighlight();
-    this.scene.add(this.layerMesh.faces, this.layerMesh.outlines, surroundings(data), this.highlight);
+    const around = surroundings(data);
+    this.cameraMarker = around.cameraMarker;
+    this.scene.add(this.layerMesh.faces, around.group, this.highlight);
 
     this.views = new Views(this.canvas, this.bounds, data);
-    this.views.onChange(() => this.requestRender());
-    this.stateSwitch = new StateSwitch(this.corners, (corners, resting) => this.place(corners, resting));
+    this.views.onChange(() => this.viewChanged());
+    this.stateSwitch = new StateSwitch(this.corners, (corners) => this.place(corners));
     this.picker = new Picker(this.views.camera, this.layerMesh, this.canvas);
     this.details = new Details(doc, doc.getElementById('details'), () => this.select(-1));
     this.tooltip = new Tooltip(doc.getElementById('tooltip'));
@@ -95,15 +101,21 @@ class Page {
     return line;
   }
 
-  place(corners, resting) {
+  place(corners) {
     this.layerMesh.setCorners(corners);
-    if (resting) {
-      this.layerMesh.measureDashes();
-    }
     if (this.selected >= 0) {
       const position = this.highlight.geometry.attributes.position;
       position.array.set(corners.subarray(this.selected * 12, this.selected * 12 + 12));
       position.needsUpdate = true;
+    }
+    this.requestRender();
+  }
+
+  // Seen from its own eye, the camera's pyramid would only frame the view.
+  viewChanged() {
+    if (this.cameraMarker) {
+      const eye = new Vector3().fromArray(this.data.camera.position);
+      this.cameraMarker.visible = this.views.camera.position.distanceTo(eye) > this.data.camera.zoom / 100;
     }
     this.requestRender();
   }
@@ -144,7 +156,7 @@ class Page {
       return;
     }
     const shown = this.stateSwitch.moving ? this.stateSwitch.current : this.corners[this.stateSwitch.state];
-    this.place(shown, !this.stateSwitch.moving);
+    this.place(shown);
     this.details.show(this.data.layers[index]);
     if (centre) {
       const box = new Box3().setFromArray(shown.subarray(index * 12, index * 12 + 12));

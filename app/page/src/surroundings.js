@@ -69,14 +69,17 @@ function cameraMarker(sceneCamera, comp) {
   return new LineSegments(new BufferGeometry().setFromPoints(points), new LineBasicMaterial({ color: palette.camera }));
 }
 
+// The frame, the surface and the camera's pyramid, which is also returned on its own (null when
+// the scene has no camera).
 export function surroundings(data) {
   const group = new Group();
   group.add(compFrame(data.comp));
   if (data.surface) {
     group.add(surfaceOutline(data.surface));
   }
-  if (data.camera && data.camera.name) {
-    group.add(cameraMarker(data.camera, data.comp));
+  const marker = data.camera && data.camera.name ? cameraMarker(data.camera, data.comp) : null;
+  if (marker) {
+    group.add(marker);
   }
-  return group;
+  return { group, cameraMarker: marker };
 }

@@ -5,7 +5,7 @@ import { MathUtils } from 'three';
 const kDurationMs = 900;
 
 export class StateSwitch {
-  // `apply(corners, resting)` places the layers; `resting` is true once they stop moving.
+  // `apply(corners)` places the layers.
   constructor(corners, apply) {
     this.corners = corners;
     this.apply = apply;
@@ -13,7 +13,7 @@ export class StateSwitch {
     this.current = new Float32Array(corners.after.length);
     this.from = null;
     this.started = 0;
-    apply(corners.after, true);
+    apply(corners.after);
   }
 
   get moving() {
@@ -43,7 +43,7 @@ export class StateSwitch {
     const t = MathUtils.smootherstep(now - this.started, 0, kDurationMs);
     if (t >= 1) {
       this.from = null;
-      this.apply(to, true);
+      this.apply(to);
       return false;
     }
     const from = this.from;
@@ -51,7 +51,7 @@ export class StateSwitch {
     for (let i = 0; i < current.length; i += 1) {
       current[i] = from[i] + (to[i] - from[i]) * t;
     }
-    this.apply(current, false);
+    this.apply(current);
     return true;
   }
 }

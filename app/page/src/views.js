@@ -9,8 +9,9 @@ const kFieldOfView = 35;
 const kOverviewElevation = 28;
 const kHostUp = new Vector3(0, -1, 0);
 // Through the scene's camera the composition's frame fills this much of the view, leaving room
-// for the toolbar.
+// for the toolbar; the other views fill about as much with the scene.
 export const kCameraViewFill = 0.8;
+const kSceneFill = 0.85;
 
 // Directions from the scene's centre to the eye.
 const kDirections = {
@@ -22,9 +23,11 @@ const kDirections = {
 };
 
 export class Views {
-  // `bounds.fit` is what the named views frame; `bounds.extent` holds all that is drawn.
+  // `bounds.box` is what the named views frame, `bounds.fit` a sphere around it; `bounds.extent`
+  // holds all that is drawn.
   constructor(canvas, bounds, data) {
     this.canvas = canvas;
+    this.box = bounds.box;
     this.bounds = bounds.fit;
     this.extent = bounds.extent;
     this.data = data;
@@ -68,11 +71,33 @@ export class Views {
     this.changed();
   }
 
-  // The distance at which the bounding sphere fills the narrower angle of view.
-  fitDistance() {
-    const vertical = MathUtils.degToRad(this.camera.fov);
-    const horizontal = 2 * Math.atan(Math.tan(vertical / 2) * this.camera.aspect);
-    return (1.05 * this.bounds.radius) / Math.sin(Math.min(vertical, horizontal) / 2);
+  // The distance from the scene's centre, along `direction`, at which the box around the scene
+  // just fits the view: each corner's offset across the view over the tangent of half the angle
+  // of view, plus its offset toward the eye.
+  fitDistance(direction) {
+    const centre = this.bounds.center;
+    this.camera.position.copy(centre).add(direction);
+    this.camera.lookAt(centre);
+    this.camera.updateMatrixWorld();
+    const right = new Vector3();
+    const up = new Vector3();
+    const back = new Vector3();
+    this.camera.matrixWorld.extractBasis(right, up, back);
+    const tanVertical = Math.tan(MathUtils.degToRad(this.camera.fov) / 2) * kSceneFill;
+    const tanHorizontal = tanVertical * this.camera.aspect;
+    const { min, max } = this.box;
+    let distance = 0;
+    for (const x of [min.x, max.x]) {
+      for (const y of [min.y, max.y]) {
+        for (const z of [min.z, max.z]) {
+          const offset = new Vector3(x, y, z).sub(centre);
+          const toward = offset.dot(back);
+          distance = Math.max(distance, toward + Math.abs(offset.dot(right)) / tanHorizontal,
+            toward + Math.abs(offset.dot(up)) / tanVertical);
+        }
+      }
+    }
+    return Math.max(distance, this.bounds.radius * 0.01);
   }
 
   show(name) {
@@ -84,7 +109,7 @@ export class Views {
     const controls = this.controlsFor(kHostUp);
     this.camera.fov = kFieldOfView;
     this.camera.updateProjectionMatrix();
-    const eye = kDirections[name].clone().multiplyScalar(this.fitDistance()).add(this.bounds.center);
+    const eye = kDirections[name].clone().multiplyScalar(this.fitDistance(kDirections[name])).add(this.bounds.center);
     this.camera.position.copy(eye);
     controls.target.copy(this.bounds.center);
     controls.update();
