@@ -2,7 +2,9 @@
 
 #include "app/app_error.h"
 #include "app/html_page.h"
+#include "app/picture_file.h"
 #include "app/preview_picture.h"
+#include "app/run_outcome.h"
 #include "app/scene_data.h"
 
 #include <fstream>
@@ -12,6 +14,16 @@
 namespace app {
 
 namespace {
+
+// The picture's bytes in the format its name asks for (names were checked with the options).
+std::string picture(const std::string& path, const std::string& svg)
+{
+    const std::optional<PictureFormat> format = pictureFormat(path);
+    if (!format) {
+        throw AppError(pictureNameProblem("picture", path));
+    }
+    return pictureBytes(svg, *format);
+}
 
 void writeText(const std::string& path, const std::string& text)
 {
@@ -32,13 +44,15 @@ void writeOutputs(const Options& options, const SessionResult& result)
         files.emplace_back(options.out, host::sceneText(*result.host, result.settings));
     }
     if (!options.preview.empty()) {
-        files.emplace_back(options.preview, previewSvg(result.host->project(), result.settings));
+        const RunOutcome outcome = readRunOutcome(result.before, *result.host, result.settings);
+        files.emplace_back(options.preview, picture(options.preview, drawPreview(result.host->project(), outcome).svg));
     }
     if (!options.dialog.empty()) {
-        files.emplace_back(options.dialog, result.dialog_svg);
+        files.emplace_back(options.dialog, picture(options.dialog, result.dialog_svg));
     }
     if (!options.html.empty()) {
-        files.emplace_back(options.html, htmlPage(pageSceneData(result.before, result.host->project(), result.settings)));
+        const RunOutcome outcome = readRunOutcome(result.before, *result.host, result.settings);
+        files.emplace_back(options.html, htmlPage(pageSceneData(result.before, result.host->project(), outcome)));
     }
     for (const auto& [path, text] : files) {
         writeText(path, text);

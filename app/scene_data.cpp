@@ -1,12 +1,12 @@
 #include "app/scene_data.h"
 
-#include "app/layer_table.h"
 #include "app/layer_turn.h"
 #include "app/preview_scene.h"
 
 #include <cmath>
 #include <map>
 #include <numbers>
+#include <set>
 
 namespace app {
 
@@ -85,42 +85,57 @@ std::map<host::Id, BeforeState> beforeStates(const host::Project& before)
     return states;
 }
 
-nlohmann::json layersData(const host::Project& before, const host::Project& after, const host::Comp& comp)
+nlohmann::json layersData(const host::Project& before, const host::Project& after, const host::Comp& comp,
+                          const RunOutcome& outcome)
 {
     const std::map<host::Id, BeforeState> was = beforeStates(before);
+    std::map<host::Id, host::Id> original_of;
+    for (const LayerCopy& copy : outcome.copies) {
+        original_of[copy.layer] = copy.original;
+    }
+    const std::set<host::Id> arranged(outcome.arranged.begin(), outcome.arranged.end());
+    const std::set<host::Id> not_reached(outcome.not_reached.begin(), outcome.not_reached.end());
     nlohmann::json layers = nlohmann::json::array();
     for (const PlacedLayer& placed : placeLayers(after, comp)) {
         const host::Layer& layer = comp.layers[static_cast<std::size_t>(placed.number - 1)];
         nlohmann::json entry = {{"name", layer.name},
                                 {"number", placed.number},
                                 {"kind", kindName(layer.type)},
-                                {"source", layer.source != 0},
-                                {"change", layerChange(before, layer)},
+                                {"source", placed.has_source},
                                 {"after", corners(placed)},
                                 {"values", values(layer, comp.time)},
                                 {"keys", keyCounts(layer)}};
         // A copy starts where its original stood.
-        const auto found = was.find(layer.copy_of != 0 ? layer.copy_of : layer.id);
-        if (layer.copy_of != 0) {
-            const host::Layer* original = before.layer(layer.copy_of);
-            entry["copy_of"] = original != nullptr ? original->scene_number : 0;
+        const auto original = original_of.find(layer.id);
+        const host::Id start = original != original_of.end() ? original->second : layer.id;
+        if (original != original_of.end()) {
+            const host::Layer* from = before.layer(original->second);
+            entry["copy_of"] = from != nullptr ? from->scene_number : 0;
         }
+        const auto found = was.find(start);
         entry["before"] = found != was.end() ? found->second.corners : entry["after"];
         entry["before_values"] = found != was.end() ? found->second.values : entry["values"];
+        entry["run"] = arranged.contains(layer.id)      ? "arranged"
+                       : not_reached.contains(layer.id) ? "not_reached"
+                       : entry["before"] != entry["after"] || entry["before_values"] != entry["values"] ? "moved"
+                                                                                                      : "kept";
         layers.push_back(std::move(entry));
     }
     return layers;
 }
 
-nlohmann::json surfaceData(const nlohmann::json& settings, const host::Comp& comp)
+// The surface's place and size when they are known, and its description either way.
+nlohmann::json surfaceData(const Surface& surface)
 {
-    const CylinderShape cylinder = cylinderFromSettings(settings, comp);
-    return {{"kind", "cylinder"},
-            {"centre", triple(cylinder.centre)},
-            {"half_x", rounded(cylinder.half_x)},
-            {"half_z", rounded(cylinder.half_z)},
-            {"top", rounded(cylinder.centre.y - cylinder.height / 2)},
-            {"bottom", rounded(cylinder.centre.y + cylinder.height / 2)}};
+    nlohmann::json data = {{"description", describeSurface(surface)}, {"notes", surface.notes}};
+    if (surface.known) {
+        data["centre"] = triple(surface.centre);
+        data["half_x"] = rounded(surface.half_x);
+        data["half_z"] = rounded(surface.half_z);
+        data["top"] = rounded(surface.top);
+        data["bottom"] = rounded(surface.bottom);
+    }
+    return data;
 }
 
 nlohmann::json cameraData(const host::Comp& comp)
@@ -163,15 +178,15 @@ SceneCamera sceneCamera(const host::Comp& comp)
     return camera;
 }
 
-nlohmann::json pageSceneData(const host::Project& before, const host::Project& after, const nlohmann::json& settings)
+nlohmann::json pageSceneData(const host::Project& before, const host::Project& after, const RunOutcome& outcome)
 {
     const host::Comp* comp = reportedComp(after);
     if (comp == nullptr) {
         return {{"comp", nullptr}, {"layers", nlohmann::json::array()}};
     }
     return {{"comp", {{"name", comp->name}, {"width", comp->width}, {"height", comp->height}}},
-            {"layers", layersData(before, after, *comp)},
-            {"surface", surfaceData(settings, *comp)},
+            {"layers", layersData(before, after, *comp, outcome)},
+            {"surface", surfaceData(outcome.surface)},
             {"camera", cameraData(*comp)}};
 }
 

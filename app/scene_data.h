@@ -1,8 +1,10 @@
 // The composition before and after a run as the data the 3D page reads: every 3D footage, text
-// and shape layer with its corners in both states, its values and keyframe counts; the surface the
-// layout used, the composition's frame and the camera the composition is seen through.
+// and shape layer with its corners in both states (from placeLayers), its values, keyframe counts
+// and what the run did to it; the surface the layout used, the composition's frame and the camera
+// the composition is seen through.
 #pragma once
 
+#include "app/run_outcome.h"
 #include "app/vec3.h"
 #include "host/project.h"
 
@@ -28,8 +30,7 @@ struct SceneCamera {
 SceneCamera sceneCamera(const host::Comp& comp);
 
 // The page's data for the reported composition of `after`; `before` is the project as the scene
-// made it, `settings` the controls as the dialog held them after the run.
-nlohmann::json pageSceneData(const host::Project& before, const host::Project& after,
-                             const nlohmann::json& settings);
+// made it, `outcome` what the run did.
+nlohmann::json pageSceneData(const host::Project& before, const host::Project& after, const RunOutcome& outcome);
 
 }  // namespace app

@@ -3,7 +3,8 @@
 # arguments are wanted as well (`make fuzz` asks for clang and its fuzzer runtime).
 set -euo pipefail
 # chromium: the browser the 3D page is tested in.
-packages=(cmake g++ ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev chromium "$@")
+packages=(cmake g++ ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
+  librsvg2-dev librsvg2-bin fonts-dejavu-core pkg-config chromium "$@")
 # node and npm build the 3D page; a node installed otherwise than from Debian's package will do.
 if ! command -v node >/dev/null || ! command -v npm >/dev/null; then
   packages+=(nodejs npm)

@@ -29,11 +29,16 @@ function describeKind(layer) {
   return `${kind} ${layer.number}${layer.source ? '' : ', no source'}`;
 }
 
-function describeChange(layer) {
-  if (isCopy(layer)) {
-    return `Made by the run as a copy of layer ${layer.copy_of} of the scene`;
-  }
-  return layer.change === 'moved' ? 'Changed by the run' : 'Not changed by the run';
+const kRuns = {
+  arranged: 'Put on the surface by the run',
+  not_reached: 'Taken by the run, but not reached by the layout',
+  moved: 'Changed by the run',
+  kept: 'Not changed by the run',
+};
+
+function describeRun(layer) {
+  const run = kRuns[layer.run] ?? '';
+  return isCopy(layer) ? `Made by the run as a copy of layer ${layer.copy_of} of the scene; ${run.toLowerCase()}` : run;
 }
 
 function keyLine(keys) {
@@ -61,7 +66,7 @@ export class Details {
     close.dataset.close = '';
     close.title = 'Close (Esc)';
     body.append(close, element(doc, 'h2', layer.name), element(doc, 'p', describeKind(layer), 'meta'));
-    body.append(element(doc, 'p', describeChange(layer), isCopy(layer) ? 'meta copy' : 'meta'));
+    body.append(element(doc, 'p', describeRun(layer), isCopy(layer) ? 'meta copy' : 'meta'));
     const table = element(doc, 'table');
     const head = element(doc, 'tr');
     head.append(element(doc, 'th'), element(doc, 'th', 'before'), element(doc, 'th', 'after'));

@@ -32,7 +32,7 @@ function showMessage(doc, text) {
 function sceneBounds(data, corners) {
   const box = new Box3().setFromArray(corners.before).union(new Box3().setFromArray(corners.after));
   box.expandByPoint(new Vector3(0, 0, 0)).expandByPoint(new Vector3(data.comp.width, data.comp.height, 0));
-  if (data.surface) {
+  if (data.surface.centre) {
     const [x, , z] = data.surface.centre;
     box.expandByPoint(new Vector3(x - data.surface.half_x, data.surface.top, z - data.surface.half_z));
     box.expandByPoint(new Vector3(x + data.surface.half_x, data.surface.bottom, z + data.surface.half_z));
@@ -48,10 +48,13 @@ function sceneBounds(data, corners) {
 
 function summary(data) {
   const layers = data.layers;
-  const copies = layers.filter(isCopy).length;
-  const changed = layers.filter((layer) => layer.change === 'moved').length;
+  const count = (run) => layers.filter((layer) => layer.run === run).length;
+  const parts = [`${count('arranged')} arranged`, `${layers.filter(isCopy).length} made as copies`];
+  if (count('not_reached') > 0) {
+    parts.push(`${count('not_reached')} not reached by the layout`);
+  }
   return `"${data.comp.name}", ${data.comp.width} × ${data.comp.height}: ${layers.length} 3D layers, ` +
-    `${changed} changed by the run, ${copies} made as copies`;
+    `${parts.join(', ')}. ${data.surface.description}`;
 }
 
 class Page {

@@ -25,16 +25,20 @@ function compFrame(comp) {
   return new LineLoop(new BufferGeometry().setFromPoints(corners), new LineBasicMaterial({ color: palette.compFrame }));
 }
 
-// An upright elliptic cylinder: its top and bottom outlines, as the SVG preview draws it. Lines
-// along its side would run through the middle of every layer placed on it.
+// The surface as the SVG preview draws it: the rims at its top and bottom (one ellipse when they
+// meet, for the equator and the ring) and its axis.
 function surfaceOutline(surface) {
   const [cx, , cz] = surface.centre;
   const ring = new EllipseCurve(cx, cz, surface.half_x, surface.half_z).getPoints(kOutlineSegments);
   const points = [];
-  for (const y of [surface.top, surface.bottom]) {
+  const rims = surface.top === surface.bottom ? [surface.top] : [surface.top, surface.bottom];
+  for (const y of rims) {
     for (let i = 0; i < kOutlineSegments; i += 1) {
       points.push(new Vector3(ring[i].x, y, ring[i].y), new Vector3(ring[i + 1].x, y, ring[i + 1].y));
     }
+  }
+  if (rims.length === 2) {
+    points.push(new Vector3(cx, surface.top, cz), new Vector3(cx, surface.bottom, cz));
   }
   return new LineSegments(
     new BufferGeometry().setFromPoints(points),
@@ -74,7 +78,7 @@ function cameraMarker(sceneCamera, comp) {
 export function surroundings(data) {
   const group = new Group();
   group.add(compFrame(data.comp));
-  if (data.surface) {
+  if (data.surface.centre) {
     group.add(surfaceOutline(data.surface));
   }
   const marker = data.camera && data.camera.name ? cameraMarker(data.camera, data.comp) : null;
