@@ -136,7 +136,7 @@ describe('the demo page', () => {
     });
   }
 
-  test('a drag with the mouse turns the view about its target', async () => {
+  test('a drag with the mouse, or the arrow keys, turn the view about its target; + zooms in', async () => {
     await press(page, '[data-view="overview"]');
     const was = await view(page);
     await page.mouse.move(700, 400);
@@ -149,6 +149,16 @@ describe('the demo page', () => {
     assert.ok(moved > 100, `the eye moved by ${moved}`);
     assert.deepEqual(now.target, was.target);
     assert.equal(await page.$eval('#details', (e) => e.hidden), true, 'a drag is not a click');
+
+    const distance = (v) => Math.hypot(...v.eye.map((x, i) => x - v.target[i]));
+    await page.keyboard.press('ArrowLeft');
+    await frames(page, 1);
+    const turned = await view(page);
+    assert.ok(Math.hypot(...turned.eye.map((v, i) => v - now.eye[i])) > 10, 'ArrowLeft did not turn the view');
+    assert.ok(Math.abs(distance(turned) - distance(now)) < 1e-6 * distance(now));
+    await page.keyboard.press('+');
+    await frames(page, 1);
+    assert.ok(distance(await view(page)) < 0.9 * distance(turned), '+ did not zoom in');
   });
 
   test('hovering names a card, clicking shows its values, the search box finds one', async () => {
