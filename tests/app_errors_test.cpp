@@ -13,16 +13,17 @@ protected:
     // Runs with every output asked for and checks the refusal; returns the message.
     std::string refused(std::vector<std::string> args)
     {
-        for (const char* option : {"--out", "--preview", "--dialog"}) {
+        for (const auto& [option, name] : {std::pair{"--out", "out.json"}, std::pair{"--preview", "preview.png"},
+                                           std::pair{"--dialog", "dialog.svg"}}) {
             args.push_back(option);
-            args.push_back(path(std::string(option).substr(2) + ".out"));
+            args.push_back(path(name));
         }
         const apptest::ToolRun r = run(args);
         EXPECT_EQ(r.status, 2);
         EXPECT_TRUE(r.out.empty()) << r.out;
         EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
         EXPECT_EQ(r.err.rfind("orbisett-host: ", 0), 0u) << r.err;
-        for (const char* name : {"out.out", "preview.out", "dialog.out"}) {
+        for (const char* name : {"out.json", "preview.png", "dialog.svg"}) {
             EXPECT_FALSE(std::filesystem::exists(path(name))) << name;
         }
         return r.err;
