@@ -16,7 +16,8 @@ import { Views } from './views.js';
 // A pointer that moves less than this between press and release clicks rather than drags.
 const kClickSlop = 5;
 const kOrbitStep = Math.PI / 36;
-const kZoomStep = 1.15;
+// Orbit controls take a dolly factor below 1, in or out.
+const kZoomStep = 1 / 1.15;
 // Multisampling costs a software renderer several times the drawing time; outlines are smoothed
 // by the layers' shader anyway, so large scenes go without it.
 const kMultisampledLayers = 5000;
