@@ -2,10 +2,22 @@ BUILD ?= build
 JOBS ?= 2
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: deps configure build test test-sanitize fuzz bench demo clean
+.PHONY: deps page-deps configure build test test-sanitize fuzz bench demo clean
+
+# The 3D page's packages (three.js, its bundler, the browser driver of its tests) come from npm,
+# pinned by the lock file; npm ci runs again only when the lock file is newer than the install.
+PAGE_DIR = app/page
 
 deps:
 	@bash scripts/deps.sh
+	@$(MAKE) --no-print-directory page-deps
+
+page-deps:
+	@if [ ! -f $(PAGE_DIR)/node_modules/.package-lock.json ] || \
+		[ $(PAGE_DIR)/package-lock.json -nt $(PAGE_DIR)/node_modules/.package-lock.json ]; then \
+		echo "Installing the 3D page's packages (npm ci)"; \
+		cd $(PAGE_DIR) && npm ci --no-audit --no-fund; \
+	fi
 
 configure: deps
 	@cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS) > /dev/null
@@ -37,6 +49,7 @@ FUZZ_TARGETS = edit_field scene set_assignment
 
 fuzz:
 	@bash scripts/deps.sh clang libclang-rt-14-dev
+	@$(MAKE) --no-print-directory page-deps
 	@cmake -S . -B $(FUZZ_BUILD) -G Ninja $(CMAKE_FLAGS) -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ \
 		-DCMAKE_CXX_FLAGS=-fsanitize=fuzzer-no-link -DORBISETT_SANITIZE=ON -DORBISETT_FUZZ=ON > /dev/null
 	@cmake --build $(FUZZ_BUILD) -j $(JOBS) --target $(addprefix fuzz_,$(FUZZ_TARGETS))
@@ -55,7 +68,7 @@ bench: build
 
 demo: build
 	@if [ -x $(BUILD)/app/orbisett-host ]; then mkdir -p out && $(BUILD)/app/orbisett-host \
-		--out out/demo.json --preview out/demo-preview.svg --dialog out/demo-dialog.svg \
+		--out out/demo.json --preview out/demo-preview.svg --dialog out/demo-dialog.svg --html out/demo.html \
 		&& $(BUILD)/app/orbisett-host --preview out/demo-preview.png > /dev/null; \
 	else echo "orbisett-host is not built yet: the command-line tool does not exist in this tree."; exit 1; fi
 

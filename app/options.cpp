@@ -24,6 +24,8 @@ void describe(CLI::App& cli, Options& options)
         ->type_name("FILE.svg|FILE.png");
     cli.add_option("--dialog", options.dialog, "Write a picture of the dialog as it stands (SVG or PNG)")
         ->type_name("FILE.svg|FILE.png");
+    cli.add_option("--html", options.html, "Write an interactive 3D page of the composition before and after the run")
+        ->type_name("FILE.html");
     cli.add_option("--plugin", options.plugin, "The plug-in module to load")->type_name("PATH");
 }
 

@@ -15,6 +15,7 @@ struct Options {
     std::string out;
     std::string preview;
     std::string dialog;
+    std::string html;
     std::string plugin;
 };
 

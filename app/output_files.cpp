@@ -1,9 +1,11 @@
 #include "app/output_files.h"
 
 #include "app/app_error.h"
+#include "app/html_page.h"
 #include "app/picture_file.h"
 #include "app/preview_picture.h"
 #include "app/run_outcome.h"
+#include "app/scene_data.h"
 
 #include <fstream>
 #include <utility>
@@ -47,6 +49,10 @@ void writeOutputs(const Options& options, const SessionResult& result)
     }
     if (!options.dialog.empty()) {
         files.emplace_back(options.dialog, picture(options.dialog, result.dialog_svg));
+    }
+    if (!options.html.empty()) {
+        const RunOutcome outcome = readRunOutcome(result.before, *result.host, result.settings);
+        files.emplace_back(options.html, htmlPage(pageSceneData(result.before, result.host->project(), outcome)));
     }
     for (const auto& [path, text] : files) {
         writeText(path, text);

@@ -1,9 +1,11 @@
 // The preview's geometry: the layer turning convention, rectangles placed in the host frame,
-// the camera, and the picture's painting order and face shading.
+// the camera, and the picture's painting order and face shading; the 3D page's data.
+#include "app/html_page.h"
 #include "app/layer_turn.h"
 #include "app/preview_camera.h"
 #include "app/preview_picture.h"
 #include "app/preview_scene.h"
+#include "app/scene_data.h"
 #include "app/svg_writer.h"
 
 #include <gtest/gtest.h>
@@ -397,6 +399,82 @@ TEST(PreviewScene, LayerSizeFromSourceOrComposition)
     host::Layer text;
     text.type = AEGP_ObjectType_TEXT;
     EXPECT_EQ(app::layerSize(project, comp, text), (std::array<double, 2>{1920, 1080}));
+}
+
+Vec3 corner(const nlohmann::json& corners, int i)
+{
+    return {corners[3 * i].get<double>(), corners[3 * i + 1].get<double>(), corners[3 * i + 2].get<double>()};
+}
+
+TEST(PageData, CopiesStartWhereTheirOriginalsStoodAndLayersMoveToTheirPlaces)
+{
+    host::Project before = cardsProject();
+    before.comps.front().layers[0].scene_number = 1;
+    host::Project after = before;
+    const host::Id near = after.comps.front().layers[0].id;
+    const host::Id copy = after.duplicate(near);
+    after.layer(copy)->prop(host::Prop::position).value = {0, 0, 0};
+    after.layer(near)->prop(host::Prop::position).value = {960, 540, -1000};
+
+    app::RunOutcome outcome;
+    outcome.copies = {{copy, near}};
+    outcome.arranged = {near};
+    const nlohmann::json data = app::pageSceneData(before, after, outcome);
+    ASSERT_EQ(data["layers"].size(), 4u);
+    const nlohmann::json& made = data["layers"][0];
+    const nlohmann::json& original = data["layers"][1];
+    EXPECT_EQ(made["number"], 1);
+    EXPECT_EQ(made["copy_of"], 1);
+    EXPECT_EQ(original.contains("copy_of"), false);
+    // 400 x 300 around the position, unturned.
+    expectNear(corner(made["before"], 0), {760, 390, -400});
+    expectNear(corner(made["after"], 2), {200, 150, 0});
+    expectNear(corner(original["before"], 0), {760, 390, -400});
+    expectNear(corner(original["after"], 0), {760, 390, -1000});
+    EXPECT_EQ(original["before_values"]["position"], nlohmann::json({960, 540, -400}));
+    EXPECT_EQ(original["values"]["position"], nlohmann::json({960, 540, -1000}));
+    EXPECT_EQ(original["run"], "arranged");
+    EXPECT_EQ(made["run"], "moved");
+    EXPECT_EQ(data["layers"][2]["run"], "kept");
+}
+
+TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom)
+{
+    host::Project project = cardsProject();
+    host::Comp& comp = project.comps.front();
+    // The default camera sees the composition's width under 39.6 degrees.
+    const double zoom = 960 / std::tan(19.8 * M_PI / 180);
+    host::Layer& camera = comp.layers[3];
+    camera.prop(host::Prop::position).value = {10, 20, -30};
+    camera.prop(host::Prop::rotate_y).value = {90, 0, 0};
+    const app::SceneCamera turned = app::sceneCamera(comp);
+    EXPECT_EQ(turned.name, "Camera");
+    expectNear(turned.position, {10, 20, -30});
+    expectNear(turned.forward, {1, 0, 0});
+    expectNear(turned.right, {0, 0, -1});
+    expectNear(turned.down, {0, 1, 0});
+    EXPECT_NEAR(turned.zoom, zoom, 1e-9);
+
+    comp.layers.erase(comp.layers.begin() + 3);
+    const app::SceneCamera standard = app::sceneCamera(comp);
+    EXPECT_EQ(standard.name, "");
+    expectNear(standard.position, {960, 540, -zoom}, 1e-9);
+    expectNear(standard.forward, {0, 0, 1});
+}
+
+TEST(PageData, NamesCannotEndThePagesScriptOrTitle)
+{
+    host::Project project = cardsProject();
+    project.comps.front().name = "A <b> & </title>";
+    project.comps.front().layers[0].name = "</script><script>alert(1)</script><!--";
+    const std::string page = app::htmlPage(app::pageSceneData(project, project, app::RunOutcome{}));
+    EXPECT_EQ(count(page, "</script>"), 2u);  // the data's and the page script's own
+    EXPECT_EQ(count(page, "<!--"), 0u);
+    EXPECT_NE(page.find("<title>&quot;A &lt;b&gt; &amp; &lt;/title&gt;&quot; in 3D"), std::string::npos);
+    const std::string open = R"(<script type="application/json" id="scene-data">)";
+    const std::size_t from = page.find(open) + open.size();
+    const nlohmann::json data = nlohmann::json::parse(page.substr(from, page.find("</script>", from) - from));
+    EXPECT_EQ(data["layers"][0]["name"], "</script><script>alert(1)</script><!--");
 }
 
 }  // namespace

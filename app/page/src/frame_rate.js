@@ -1,0 +1,21 @@
+// How smoothly the page turns: one full orbit about the scene, one step a frame, timed with
+// requestAnimationFrame. The frame rate is the frames drawn over the time between the first and
+// the last.
+export function measureOrbit(views, renderer, frames) {
+  return new Promise((resolve) => {
+    const times = [];
+    const step = (2 * Math.PI) / frames;
+    const tick = (now) => {
+      times.push(now);
+      if (times.length > frames) {
+        const ms = times[times.length - 1] - times[0];
+        const info = renderer.info.render;
+        resolve({ fps: (1000 * frames) / ms, frames, ms, drawCalls: info.calls, triangles: info.triangles });
+        return;
+      }
+      views.controls.rotateLeft(step);
+      requestAnimationFrame(tick);
+    };
+    requestAnimationFrame(tick);
+  });
+}
