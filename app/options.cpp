@@ -1,5 +1,7 @@
 #include "app/options.h"
 
+#include "app/picture_file.h"
+
 #include <CLI/CLI.hpp>
 
 #include <sstream>
@@ -18,10 +20,10 @@ void describe(CLI::App& cli, Options& options)
     cli.add_flag("--no-apply", options.no_apply, "Set the controls but do not press \"Apply\"");
     cli.add_flag("--undo", options.undo, "Undo once in the host after the run");
     cli.add_option("--out", options.out, "Write the scene after the run (JSON)")->type_name("FILE.json");
-    cli.add_option("--preview", options.preview, "Write a perspective picture of the composition (SVG)")
-        ->type_name("FILE.svg");
-    cli.add_option("--dialog", options.dialog, "Write a picture of the dialog as it stands (SVG)")
-        ->type_name("FILE.svg");
+    cli.add_option("--preview", options.preview, "Write a perspective picture of the composition (SVG or PNG)")
+        ->type_name("FILE.svg|FILE.png");
+    cli.add_option("--dialog", options.dialog, "Write a picture of the dialog as it stands (SVG or PNG)")
+        ->type_name("FILE.svg|FILE.png");
     cli.add_option("--plugin", options.plugin, "The plug-in module to load")->type_name("PATH");
 }
 
@@ -45,6 +47,14 @@ std::optional<Options> parseOptions(int argc, const char* const* argv, const std
         exit.to_error = status != 0;
         exit.text = status == 0 ? out.str() : err.str();
         return std::nullopt;
+    }
+    // Picture names are checked before anything runs, so a wrong one writes nothing.
+    for (const auto& [option, path] : {std::pair{"--preview", options.preview}, std::pair{"--dialog", options.dialog}}) {
+        const std::string problem = path.empty() ? std::string() : pictureNameProblem(option, path);
+        if (!problem.empty()) {
+            exit = {2, "orbisett-host: " + problem + "\n", true};
+            return std::nullopt;
+        }
     }
     return options;
 }

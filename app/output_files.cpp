@@ -1,7 +1,9 @@
 #include "app/output_files.h"
 
 #include "app/app_error.h"
+#include "app/picture_file.h"
 #include "app/preview_picture.h"
+#include "app/run_outcome.h"
 
 #include <fstream>
 #include <utility>
@@ -10,6 +12,16 @@
 namespace app {
 
 namespace {
+
+// The picture's bytes in the format its name asks for (names were checked with the options).
+std::string picture(const std::string& path, const std::string& svg)
+{
+    const std::optional<PictureFormat> format = pictureFormat(path);
+    if (!format) {
+        throw AppError(pictureNameProblem("picture", path));
+    }
+    return pictureBytes(svg, *format);
+}
 
 void writeText(const std::string& path, const std::string& text)
 {
@@ -30,10 +42,11 @@ void writeOutputs(const Options& options, const SessionResult& result)
         files.emplace_back(options.out, host::sceneText(*result.host, result.settings));
     }
     if (!options.preview.empty()) {
-        files.emplace_back(options.preview, previewSvg(result.host->project(), result.settings));
+        const RunOutcome outcome = readRunOutcome(result.before, *result.host, result.settings);
+        files.emplace_back(options.preview, picture(options.preview, drawPreview(result.host->project(), outcome).svg));
     }
     if (!options.dialog.empty()) {
-        files.emplace_back(options.dialog, result.dialog_svg);
+        files.emplace_back(options.dialog, picture(options.dialog, result.dialog_svg));
     }
     for (const auto& [path, text] : files) {
         writeText(path, text);

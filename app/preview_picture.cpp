@@ -1,13 +1,14 @@
 #include "app/preview_picture.h"
 
-#include "app/preview_camera.h"
+#include "app/preview_caption.h"
+#include "app/preview_label.h"
 #include "app/preview_scene.h"
+#include "app/preview_view.h"
 #include "app/svg_writer.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <limits>
 #include <numbers>
+#include <set>
 
 namespace app {
 
@@ -15,153 +16,273 @@ namespace {
 
 constexpr int kWidth = 1200;
 constexpr int kHeight = 800;
-constexpr double kMargin = 40;
-constexpr double kCaptionHeight = 30;
-constexpr double kElevation = 28;  // degrees above the horizontal: rows and the ring both read
+constexpr double kMargin = 30;
+constexpr double kCaptionSize = 13;
+constexpr double kCaptionLine = 18;
+constexpr std::size_t kCaptionWidth = 165;  // characters of a caption line
+constexpr double kElevation = 28;           // degrees above the horizontal: rows and the ring both read
 constexpr int kOutlineSegments = 96;
+// Coordinates beyond this many pixels are no longer a place in any composition.
+constexpr double kAbsurd = 1e12;
 
-// Something to paint, sorted far to near.
+const Style kOutline{"none", "#8a94a3", 1.0, 0.7, "6 4"};
+const Style kReference{"none", "#c3c9d2", 1.0, 1.0, "2 4"};
+const Style kFront{"#a9cbef", "#24496f", 1.2, 0.96, ""};
+const Style kBack{"#56697f", "#1d2a38", 1.2, 0.96, ""};
+const Style kNoSource{"none", "#24496f", 1.2, 0.9, "5 3"};
+
+// Something painted in depth order, far to near: a layer or a piece of the surface's outline.
 struct Item {
     double depth = 0;
-    const PlacedLayer* layer = nullptr;  // null for a piece of cylinder outline
-    std::vector<Vec3> points;
+    const PlacedLayer* layer = nullptr;
+    Vec3 a, b;  // the piece of outline, when not a layer
 };
 
-std::vector<Vec3> outlineRing(const CylinderShape& c, double y)
+bool sane(const PlacedLayer& layer)
+{
+    for (const Vec3& c : layer.corners) {
+        for (const double v : {c.x, c.y, c.z}) {
+            if (!std::isfinite(v) || std::fabs(v) > kAbsurd) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+std::vector<Vec3> ellipse(const Surface& s, double y)
 {
     std::vector<Vec3> ring;
     for (int i = 0; i <= kOutlineSegments; ++i) {
         const double a = 2 * std::numbers::pi * i / kOutlineSegments;
-        ring.push_back({c.centre.x + c.half_x * std::sin(a), y, c.centre.z + c.half_z * std::cos(a)});
+        ring.push_back({s.centre.x + s.half_x * std::sin(a), y, s.centre.z + s.half_z * std::cos(a)});
     }
     return ring;
 }
 
-std::vector<Item> paintItems(const std::vector<PlacedLayer>& layers, const CylinderShape& cylinder,
-                             const Camera& camera)
+// The surface's outline as pieces: top and bottom rims (one ellipse for the equator and the
+// ring) and the axis through its centre.
+std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s)
 {
-    std::vector<Item> items;
-    for (const PlacedLayer& layer : layers) {
-        double depth = 0;
-        for (const Vec3& corner : layer.corners) {
-            depth += project(camera, corner).depth / 4;
-        }
-        items.push_back({depth, &layer, {layer.corners.begin(), layer.corners.end()}});
+    std::vector<std::pair<Vec3, Vec3>> pieces;
+    if (!s.known) {
+        return pieces;
     }
-    // The outlines go in piece by piece, so layers in front of the cylinder's far side hide it.
-    for (const double y : {cylinder.centre.y - cylinder.height / 2, cylinder.centre.y + cylinder.height / 2}) {
-        const std::vector<Vec3> ring = outlineRing(cylinder, y);
+    const std::vector<double> rims = s.top == s.bottom ? std::vector<double>{s.top} : std::vector<double>{s.top, s.bottom};
+    for (const double y : rims) {
+        const std::vector<Vec3> ring = ellipse(s, y);
         for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
-            const double depth = project(camera, 0.5 * (ring[i] + ring[i + 1])).depth;
-            items.push_back({depth, nullptr, {ring[i], ring[i + 1]}});
+            pieces.emplace_back(ring[i], ring[i + 1]);
         }
     }
-    std::stable_sort(items.begin(), items.end(), [](const Item& a, const Item& b) { return a.depth > b.depth; });
-    return items;
+    const Vec3 top{s.centre.x, s.top, s.centre.z};
+    const Vec3 bottom{s.centre.x, s.bottom, s.centre.z};
+    if (s.top != s.bottom) {
+        constexpr int kAxisPieces = 8;
+        for (int i = 0; i < kAxisPieces; ++i) {
+            pieces.emplace_back(top + (static_cast<double>(i) / kAxisPieces) * (bottom - top),
+                                top + (static_cast<double>(i + 1) / kAxisPieces) * (bottom - top));
+        }
+    }
+    return pieces;
 }
 
-double boundingRadius(const std::vector<PlacedLayer>& layers, const CylinderShape& cylinder)
+std::vector<Vec3> compFrame(const host::Comp& comp)
 {
-    double radius = std::hypot(std::max(cylinder.half_x, cylinder.half_z), cylinder.height / 2);
-    for (const PlacedLayer& layer : layers) {
-        for (const Vec3& p : layer.corners) {
-            radius = std::max(radius, length(p - cylinder.centre));
-        }
-    }
-    return std::max(radius, 1.0);
+    const double w = comp.width, h = comp.height;
+    return {{0, 0, 0}, {w, 0, 0}, {w, h, 0}, {0, h, 0}};
 }
 
-// Maps the image plane onto the picture, keeping proportions.
-class Fit {
-public:
-    Fit(const std::vector<Item>& items, const Camera& camera) : camera_(camera)
-    {
-        double min_x = std::numeric_limits<double>::max(), min_y = min_x;
-        double max_x = std::numeric_limits<double>::lowest(), max_y = max_x;
-        for (const Item& item : items) {
-            for (const Vec3& p : item.points) {
-                const Projected q = project(camera, p);
-                min_x = std::min(min_x, q.x);
-                max_x = std::max(max_x, q.x);
-                min_y = std::min(min_y, q.y);
-                max_y = std::max(max_y, q.y);
-            }
-        }
-        const double room_x = kWidth - 2 * kMargin;
-        const double room_y = kHeight - 2 * kMargin - kCaptionHeight;
-        scale_ = std::min(room_x / std::max(max_x - min_x, 1e-9), room_y / std::max(max_y - min_y, 1e-9));
-        offset_x_ = kMargin + 0.5 * (room_x - scale_ * (max_x - min_x)) - scale_ * min_x;
-        offset_y_ = kMargin + kCaptionHeight + 0.5 * (room_y - scale_ * (max_y - min_y)) - scale_ * min_y;
-    }
-
-    Point2 operator()(const Vec3& p) const
-    {
-        const Projected q = project(camera_, p);
-        return {offset_x_ + scale_ * q.x, offset_y_ + scale_ * q.y};
-    }
-
-private:
-    const Camera& camera_;
-    double scale_ = 1, offset_x_ = 0, offset_y_ = 0;
-};
-
-double distance(Point2 a, Point2 b) { return std::hypot(a.x - b.x, a.y - b.y); }
-
-void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const Camera& camera, const Fit& fit)
+// What the picture frames: the layers the run arranged and the surface; the layers the command
+// takes when none was arranged; the composition's frame when there is nothing else.
+std::vector<Vec3> framedPoints(const std::vector<const PlacedLayer*>& layers, const RunOutcome& o,
+                               const host::Comp& comp)
 {
-    const bool front = dot(layer.normal, camera.eye - layer.centre) > 0;
-    std::vector<Point2> corners;
-    for (const Vec3& c : layer.corners) {
-        corners.push_back(fit(c));
+    std::vector<Vec3> points;
+    const std::set<host::Id> arranged(o.arranged.begin(), o.arranged.end());
+    const std::set<host::Id> taken(o.taken.begin(), o.taken.end());
+    const std::set<host::Id>& chosen = arranged.empty() ? taken : arranged;
+    for (const PlacedLayer* layer : layers) {
+        if (chosen.contains(layer->id)) {
+            points.insert(points.end(), layer->corners.begin(), layer->corners.end());
+        }
     }
-    svg.beginGroup(layer.name);
-    svg.polygon(corners,
-                front ? Style{"#a9cbef", "#24496f", 1.2, 0.96, ""} : Style{"#56697f", "#1d2a38", 1.2, 0.96, ""},
-                front ? "front" : "back");
-    const double shortest_edge = std::min(distance(corners[0], corners[1]), distance(corners[1], corners[2]));
-    const double size = std::clamp(0.22 * shortest_edge, 7.0, 15.0);
-    const Point2 middle = fit(layer.centre);
-    svg.text({middle.x, middle.y + 0.35 * size}, layer.name, size, front ? "#0f2740" : "#e3ebf3");
+    for (const auto& [a, b] : outlinePieces(o.surface)) {
+        points.push_back(a);
+    }
+    if (points.empty()) {
+        points = compFrame(comp);
+    }
+    return points;
+}
+
+Vec3 frameTarget(const std::vector<Vec3>& points, const Surface& s)
+{
+    if (s.known) {
+        return s.centre;
+    }
+    Vec3 low = points.front(), high = points.front();
+    for (const Vec3& p : points) {
+        low = {std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
+        high = {std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z)};
+    }
+    return 0.5 * (low + high);
+}
+
+void drawSegment(SvgWriter& svg, const View& view, const Area& bounds, const Vec3& a, const Vec3& b, const Style& style)
+{
+    const auto near = view.clipNear(a, b);
+    if (!near) {
+        return;
+    }
+    if (const auto flat = clipToArea(view(near->first), view(near->second), bounds)) {
+        svg.polyline({flat->first, flat->second}, style);
+    }
+}
+
+void drawCross(SvgWriter& svg, const View& view, const Area& area, const Vec3& at, const Style& style)
+{
+    if (!view.inFront(at) || !area.contains(view(at))) {
+        return;
+    }
+    const Point2 c = view(at);
+    constexpr double r = 6;
+    svg.polyline({{c.x - r, c.y}, {c.x + r, c.y}}, style);
+    svg.polyline({{c.x, c.y - r}, {c.x, c.y + r}}, style);
+}
+
+void drawReference(SvgWriter& svg, const View& view, const Area& area, const host::Comp& comp)
+{
+    const std::vector<Vec3> frame = compFrame(comp);
+    const Area bounds = area.grown(1);
+    svg.beginGroup("composition", "data-reference=\"composition\"");
+    for (std::size_t i = 0; i < frame.size(); ++i) {
+        drawSegment(svg, view, bounds, frame[i], frame[(i + 1) % frame.size()], kReference);
+    }
+    drawCross(svg, view, area, {0.5 * comp.width, 0.5 * comp.height, 0}, Style{"none", "#aab2bd", 1.2, 1, ""});
     svg.endGroup();
 }
 
-std::string caption(const host::Comp& comp, std::size_t layers, const CylinderShape& cylinder)
+void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const View& view)
 {
-    char text[256];
-    std::snprintf(text, sizeof text,
-                  "\"%s\": %zu 3D layers; cylinder %.0f x %.0f x %.0f. Light: front faces, dark: back faces.",
-                  comp.name.c_str(), layers, 2 * cylinder.half_x, cylinder.height, 2 * cylinder.half_z);
-    return text;
+    const bool front = dot(layer.normal, view.camera().eye - layer.centre) > 0;
+    std::vector<Point2> corners;
+    for (const Vec3& c : layer.corners) {
+        corners.push_back(view(c));
+    }
+    svg.beginGroup(layer.name);
+    svg.title(layer.name);
+    const char* face = front ? "front" : "back";
+    svg.polygon(corners, !layer.has_source ? kNoSource : front ? kFront : kBack, face);
+    if (const auto label = fitLabel(corners, view(layer.centre), layer.name)) {
+        if (!layer.has_source) {
+            svg.text(label->baseline, layer.name, TextStyle{label->size, "#17324f", "middle", "#f6f7f9"});
+        } else {
+            svg.text(label->baseline, layer.name, label->size, front ? "#0f2740" : "#e3ebf3");
+        }
+    }
+    svg.endGroup();
+}
+
+// The surface's numbers as drawn, for readers of the picture.
+std::string surfaceAttributes(const Surface& s)
+{
+    return "data-surface=\"" + std::string(s.top == s.bottom ? "ellipse" : "cylinder") + "\" data-centre=\"" +
+           exactNumber(s.centre.x) + " " + exactNumber(s.centre.y) + " " + exactNumber(s.centre.z) +
+           "\" data-half-x=\"" + exactNumber(s.half_x) + "\" data-half-z=\"" + exactNumber(s.half_z) +
+           "\" data-top=\"" + exactNumber(s.top) + "\" data-bottom=\"" + exactNumber(s.bottom) + "\"";
 }
 
 }  // namespace
 
-std::string previewSvg(const host::Project& project, const nlohmann::json& settings)
+Preview drawPreview(const host::Project& project, const RunOutcome& outcome)
 {
+    Preview preview;
     SvgWriter svg(kWidth, kHeight, "#f6f7f9");
-    const host::Comp* comp = reportedComp(project);
+    const host::Comp* comp = outcome.comp != 0 ? project.comp(outcome.comp) : reportedComp(project);
     if (comp == nullptr) {
         svg.text({kWidth / 2.0, kHeight / 2.0}, "No composition", 16, "#333333");
-        return svg.finish();
+        preview.svg = svg.finish();
+        return preview;
     }
-    const std::vector<PlacedLayer> layers = placeLayers(project, *comp);
-    const CylinderShape cylinder = cylinderFromSettings(settings, *comp);
 
-    // Far enough back that everything lies in front of the camera.
-    const Camera camera = raisedCamera(cylinder.centre, boundingRadius(layers, cylinder), kElevation);
-    const std::vector<Item> items = paintItems(layers, cylinder, camera);
-    const Fit fit(items, camera);
-
-    svg.text({kMargin, kMargin}, caption(*comp, layers.size(), cylinder), 14, "#333333", "start");
-    const Style outline{"none", "#8a94a3", 1.0, 0.7, "6 4"};
-    for (const Item& item : items) {
-        if (item.layer != nullptr) {
-            drawLayer(svg, *item.layer, camera, fit);
+    const std::vector<PlacedLayer> placed = placeLayers(project, *comp);
+    std::vector<const PlacedLayer*> layers;
+    for (const PlacedLayer& layer : placed) {
+        if (sane(layer)) {
+            layers.push_back(&layer);
         } else {
-            svg.polyline({fit(item.points[0]), fit(item.points[1])}, outline);
+            preview.left_out.push_back(layer.name);
         }
     }
-    return svg.finish();
+
+    // The caption's length decides how much room the scene gets, and the caption names what
+    // falls outside the scene: frame first with a caption of the longest likely size.
+    const std::vector<Vec3> framed = framedPoints(layers, outcome, *comp);
+    const Vec3 target = frameTarget(framed, outcome.surface);
+    auto sceneArea = [](std::size_t caption_lines) {
+        return Area{kMargin, kMargin + kCaptionLine * static_cast<double>(caption_lines), kWidth - kMargin,
+                    kHeight - kMargin};
+    };
+    CaptionFacts facts{comp, &outcome, {}, preview.left_out};
+    std::size_t caption_lines = 0;
+    for (const std::string& sentence : captionSentences(facts)) {
+        caption_lines += wrapText(sentence, kCaptionWidth).size();
+    }
+    // One more line for the list of layers outside, should there be any.
+    Area area = sceneArea(caption_lines + 1);
+    const View view(framed, target, kElevation, area);
+
+    std::vector<Item> items;
+    for (const PlacedLayer* layer : layers) {
+        bool in_front = true;
+        Area box{1e300, 1e300, -1e300, -1e300};
+        double depth = 0;
+        for (const Vec3& c : layer->corners) {
+            in_front = in_front && view.inFront(c);
+            const Point2 q = view(c);
+            box = {std::min(box.left, q.x), std::min(box.top, q.y), std::max(box.right, q.x), std::max(box.bottom, q.y)};
+            depth += view.depth(c) / 4;
+        }
+        const bool overlaps = box.right >= 0 && box.left <= kWidth && box.bottom >= area.top && box.top <= kHeight;
+        if (in_front && overlaps) {
+            items.push_back({depth, layer, {}, {}});
+        } else {
+            preview.outside.push_back(layer->name);
+        }
+    }
+    for (const auto& [a, b] : outlinePieces(outcome.surface)) {
+        items.push_back({view.depth(0.5 * (a + b)), nullptr, a, b});
+    }
+    std::stable_sort(items.begin(), items.end(), [](const Item& a, const Item& b) { return a.depth > b.depth; });
+
+    if (outcome.surface.known) {
+        svg.beginGroup("surface", surfaceAttributes(outcome.surface));
+        svg.endGroup();
+    }
+    drawReference(svg, view, area, *comp);
+    const Area bounds = area.grown(1);
+    for (const Item& item : items) {
+        if (item.layer != nullptr) {
+            drawLayer(svg, *item.layer, view);
+        } else {
+            drawSegment(svg, view, bounds, item.a, item.b, kOutline);
+        }
+    }
+    if (outcome.surface.known) {
+        drawCross(svg, view, area, outcome.surface.centre, Style{"none", "#8a94a3", 1.2, 1, ""});
+    }
+    // Last, over anything that reaches up into it.
+    facts.outside = preview.outside;
+    double y = kMargin;
+    for (const std::string& sentence : captionSentences(facts)) {
+        for (const std::string& line : wrapText(sentence, kCaptionWidth)) {
+            y += kCaptionLine;
+            svg.text({kMargin, y - 4}, line, TextStyle{kCaptionSize, "#333333", "start", "#f6f7f9"});
+        }
+    }
+    preview.svg = svg.finish();
+    return preview;
 }
 
 }  // namespace app

@@ -1,7 +1,6 @@
 #include "app/preview_scene.h"
 
 #include "app/layer_turn.h"
-#include "cylinder/settings_table.h"
 
 #include <algorithm>
 
@@ -72,32 +71,12 @@ std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::C
                                        layer.prop(Prop::scale).valueAt(comp.time),
                                        layer.prop(Prop::orientation).valueAt(comp.time), rotation);
         p.name = layer.name;
+        p.id = layer.id;
+        p.has_source = project.findFootage(layer.source) != nullptr || project.comp(layer.source) != nullptr;
         p.number = static_cast<int>(i + 1);
         placed.push_back(std::move(p));
     }
     return placed;
-}
-
-double settingNumber(const nlohmann::json& settings, const char* name)
-{
-    const ControlSpec* control = find_control(name);
-    const double initial = control != nullptr ? control->value : 0.0;
-    if (!settings.is_object() || !settings.contains(name) || !settings[name].is_number()) {
-        return initial;
-    }
-    const double value = settings[name].get<double>();
-    return control != nullptr ? std::clamp(value, static_cast<double>(control->minimum),
-                                           static_cast<double>(control->maximum))
-                              : value;
-}
-
-bool settingOn(const nlohmann::json& settings, const char* name)
-{
-    if (settings.is_object() && settings.contains(name) && settings[name].is_boolean()) {
-        return settings[name].get<bool>();
-    }
-    const ControlSpec* control = find_control(name);
-    return control != nullptr && control->value != 0.0f;
 }
 
 CylinderShape cylinderFromSettings(const nlohmann::json& settings, const host::Comp& comp)

@@ -2,6 +2,7 @@
 // and placed rectangle, and the cylinder the dialog's settings describe.
 #pragma once
 
+#include "app/run_outcome.h"
 #include "app/vec3.h"
 #include "host/project.h"
 
@@ -15,7 +16,9 @@ namespace app {
 
 struct PlacedLayer {
     std::string name;
+    host::Id id = 0;
     int number = 0;                // 1-based place in the layer order
+    bool has_source = true;        // false for text and shape layers: their extent is not known
     std::array<Vec3, 4> corners;   // wound so that the front face's normal follows from them
     Vec3 centre;                   // the anchor, at the layer's position
     Vec3 normal;                   // the visible face's unit normal, from the drawn corners
@@ -41,12 +44,9 @@ std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::C
 PlacedLayer placeRectangle(double width, double height, const Vec3& position, const Vec3& scale,
                            const Vec3& orientation, const Vec3& rotation);
 
-// The cylinder from the settings the dialog held (edit values clamped to their ranges, as the
-// plug-in reads them; controls missing from `settings` take their initial values).
+// The cylinder of the dialog's box and centre fields, as the settings held them (edit values
+// clamped to their ranges, as the plug-in reads them; controls missing from `settings` take
+// their initial values). The surface a run used can differ: see RunOutcome.
 CylinderShape cylinderFromSettings(const nlohmann::json& settings, const host::Comp& comp);
-
-// A setting as the plug-in reads it.
-double settingNumber(const nlohmann::json& settings, const char* name);
-bool settingOn(const nlohmann::json& settings, const char* name);
 
 }  // namespace app

@@ -2,7 +2,8 @@
 # Installs the Debian packages the build needs, only those that are missing; packages named as
 # arguments are wanted as well (`make fuzz` asks for clang and its fuzzer runtime).
 set -euo pipefail
-packages=(cmake g++ ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev "$@")
+packages=(cmake g++ ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
+  librsvg2-dev librsvg2-bin fonts-dejavu-core pkg-config "$@")
 missing=()
 for p in "${packages[@]}"; do
   if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then

@@ -4,11 +4,16 @@
 #include "app/preview_camera.h"
 #include "app/preview_picture.h"
 #include "app/preview_scene.h"
+#include "app/svg_writer.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <regex>
+#include <set>
+#include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -147,7 +152,27 @@ host::Project cardsProject()
     project.layer(far)->prop(host::Prop::position).value = {960, 540, 400};
     project.layer(turned)->prop(host::Prop::position).value = {1400, 540, 0};
     project.layer(turned)->prop(host::Prop::orientation).value = {0, 180, 0};
+    project.select(comp, {near, far, turned});
     return project;
+}
+
+host::Layer& layerNamed(host::Project& project, const std::string& name)
+{
+    for (host::Layer& layer : project.comps.front().layers) {
+        if (layer.name == name) {
+            return layer;
+        }
+    }
+    throw std::runtime_error("no layer " + name);
+}
+
+// The picture of a project as it stands, with no "Apply" step: framed on the selected layers
+// and the dialog's box.
+app::Preview picture(const host::Project& project, const nlohmann::json& settings = nlohmann::json::object())
+{
+    host::Host host;
+    host.replaceProject(project);
+    return app::drawPreview(host.project(), app::readRunOutcome(project, host, settings));
 }
 
 std::size_t count(const std::string& text, const std::string& what)
@@ -159,12 +184,42 @@ std::size_t count(const std::string& text, const std::string& what)
     return n;
 }
 
-TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceWithItsName)
+// The text of one layer's group.
+std::string group(const std::string& svg, const std::string& name)
 {
-    const std::string svg = app::previewSvg(cardsProject(), nlohmann::json::object());
+    const std::size_t begin = svg.find("<g data-layer=\"" + name + "\"");
+    return begin == std::string::npos ? std::string() : svg.substr(begin, svg.find("</g>", begin) - begin);
+}
+
+// The numbers of every points="..." list, in order.
+std::vector<double> pointNumbers(const std::string& svg)
+{
+    std::vector<double> numbers;
+    const std::regex number("-?[0-9]+(\\.[0-9]+)?");
+    const std::regex points("points=\"([^\"]*)\"");
+    for (auto it = std::sregex_iterator(svg.begin(), svg.end(), points); it != std::sregex_iterator(); ++it) {
+        const std::string list = (*it)[1];
+        for (auto n = std::sregex_iterator(list.begin(), list.end(), number); n != std::sregex_iterator(); ++n) {
+            numbers.push_back(std::stod(n->str()));
+        }
+    }
+    return numbers;
+}
+
+// No attribute that holds numbers holds anything but finite ones.
+void expectOnlyFiniteNumbers(const std::string& svg)
+{
+    const std::regex numeric("(points|x|y|font-size|stroke-width|opacity|data-[a-z-]+)=\"[^\"]*(nan|inf)",
+                             std::regex::icase);
+    EXPECT_FALSE(std::regex_search(svg, numeric));
+}
+
+TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceWithItsNameOnHover)
+{
+    const std::string svg = picture(cardsProject()).svg;
     EXPECT_EQ(count(svg, "<polygon"), 3u);
-    EXPECT_EQ(count(svg, "data-layer=\"Near\""), 1u);
-    EXPECT_EQ(count(svg, "data-layer=\"Far\""), 1u);
+    EXPECT_EQ(count(svg, "<title>Near</title>"), 1u);
+    EXPECT_EQ(count(svg, "<title>Far</title>"), 1u);
     EXPECT_EQ(count(svg, ">Turned</text>"), 1u);
     EXPECT_EQ(count(svg, "Camera"), 0u);
     EXPECT_EQ(count(svg, "Flat"), 0u);
@@ -172,21 +227,146 @@ TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceWithItsName)
 
 TEST(PreviewPicture, PaintsBackToFrontAndShadesBackFaces)
 {
-    const std::string svg = app::previewSvg(cardsProject(), nlohmann::json::object());
+    const std::string svg = picture(cardsProject()).svg;
     EXPECT_LT(svg.find("data-layer=\"Far\""), svg.find("data-layer=\"Near\""));
-    const std::size_t turned = svg.find("data-layer=\"Turned\"");
-    ASSERT_NE(turned, std::string::npos);
-    EXPECT_EQ(svg.find("data-face=\"back\"", turned), svg.find("data-face=", turned));
+    EXPECT_NE(group(svg, "Turned").find("data-face=\"back\""), std::string::npos);
     EXPECT_EQ(count(svg, "data-face=\"front\""), 2u);
     EXPECT_EQ(count(svg, "data-face=\"back\""), 1u);
 }
 
-TEST(PreviewPicture, OutlinesTheCylinderOfTheSettings)
+TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbers)
 {
-    const std::string svg = app::previewSvg(cardsProject(), {{"EDIT_DIM_X", 800}, {"EDIT_DIM_Y", 600}});
-    // Top and bottom rings, 96 pieces each, and the caption names the cylinder.
-    EXPECT_EQ(count(svg, "<polyline"), 192u);
-    EXPECT_NE(svg.find("cylinder 800 x 600 x 1000"), std::string::npos);
+    const std::string svg = picture(cardsProject(), {{"EDIT_DIM_X", 800.3}, {"EDIT_DIM_Y", 600}}).svg;
+    EXPECT_NE(svg.find("data-surface=\"cylinder\" data-centre=\"960 540 0\" data-half-x=\"" +
+                       app::exactNumber(static_cast<double>(800.3f * 0.5f)) +
+                       "\" data-half-z=\"500\" data-top=\"240\" data-bottom=\"840\""),
+              std::string::npos);
+    // Top and bottom rims of 96 pieces and the axis in 8, all within the picture.
+    EXPECT_EQ(count(svg, "stroke=\"#8a94a3\" stroke-width=\"1.0\" opacity=\"0.70\""), 2u * 96 + 8);
+    EXPECT_NE(svg.find("Given steps: ellipse 800.3 x 1000, centre (960, 540, 0), y from 240 to 840."),
+              std::string::npos);
+}
+
+TEST(PreviewPicture, FarLayersAreListedInsteadOfShrinkingThePicture)
+{
+    host::Project project = cardsProject();
+    const std::string alone = picture(project).svg;
+    const host::Id far_away = project.addLayer(project.comps.front().id, "Far away", AEGP_ObjectType_AV, true,
+                                               project.footage.front().id);
+    project.layer(far_away)->prop(host::Prop::position).value = {5e6, 540, 0};
+    const app::Preview with_far = picture(project);
+    // The same picture of the rest, to the pixel; the far layer named, not drawn.
+    EXPECT_EQ(pointNumbers(with_far.svg), pointNumbers(alone));
+    EXPECT_EQ(with_far.outside, std::vector<std::string>{"Far away"});
+    EXPECT_NE(with_far.svg.find("Outside the picture, not drawn: Far away."), std::string::npos);
+    EXPECT_EQ(group(with_far.svg, "Far away"), "");
+
+    // The framed layers and the surface fill the picture's width or its height between the margins.
+    std::string framed;
+    const std::regex shape("<polygon[^>]*>|<polyline[^>]*stroke=\"#8a94a3\" stroke-width=\"1.0\"[^>]*>");
+    for (auto it = std::sregex_iterator(alone.begin(), alone.end(), shape); it != std::sregex_iterator(); ++it) {
+        framed += it->str();
+    }
+    const std::vector<double> numbers = pointNumbers(framed);
+    double left = 1e9, right = -1e9, top = 1e9, bottom = -1e9;
+    for (std::size_t i = 0; i + 1 < numbers.size(); i += 2) {
+        left = std::min(left, numbers[i]);
+        right = std::max(right, numbers[i]);
+        top = std::min(top, numbers[i + 1]);
+        bottom = std::max(bottom, numbers[i + 1]);
+    }
+    EXPECT_GE(left, 29.9);
+    EXPECT_LE(right, 1170.1);
+    EXPECT_LE(bottom, 770.1);
+    EXPECT_TRUE((left < 31 && right > 1169) || bottom > 769) << left << " " << right << " " << bottom;
+    EXPECT_NEAR(0.5 * (left + right), 600, 1);
+}
+
+TEST(PreviewPicture, CentreOffsetShowsAgainstTheCompositionsFrame)
+{
+    const nlohmann::json centred = {{"CHECK_USE_COMP_CENTER", true}};
+    const nlohmann::json corner = {{"CHECK_USE_COMP_CENTER", false}};
+    const std::string a = picture(cardsProject(), centred).svg;
+    const std::string b = picture(cardsProject(), corner).svg;
+    // The composition's centre and the surface's centre are marked by crosses: one place when the
+    // surface sits at the composition's centre, two places when it does not.
+    const std::regex cross("<polyline points=\"([-0-9.]+),([-0-9.]+) [-0-9.]+,([-0-9.]+)\" fill=\"none\" "
+                           "stroke=\"#(aab2bd|8a94a3)\" stroke-width=\"1.2\"");
+    auto centres = [&](const std::string& svg) {
+        std::set<std::pair<double, double>> at;
+        for (auto it = std::sregex_iterator(svg.begin(), svg.end(), cross); it != std::sregex_iterator(); ++it) {
+            if ((*it)[2] == (*it)[3]) {  // the horizontal stroke; its middle is the centre
+                at.insert({std::stod((*it)[1]) + 6, std::stod((*it)[2])});
+            }
+        }
+        return at;
+    };
+    EXPECT_EQ(centres(a).size(), 1u);
+    EXPECT_EQ(centres(b).size(), 2u);
+    EXPECT_NE(b.find("centre (0, 0, 0)"), std::string::npos);
+}
+
+TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed)
+{
+    host::Project project = cardsProject();
+    layerNamed(project, "Near").prop(host::Prop::scale).value = {1e300, 1e300, 100};
+    layerNamed(project, "Far").prop(host::Prop::position).value = {1e308, 0, 0};
+    layerNamed(project, "Far").prop(host::Prop::orientation).value = {0, 1e300, 0};
+    const app::Preview p = picture(project);
+    EXPECT_EQ(p.left_out, (std::vector<std::string>{"Near", "Far"}));
+    EXPECT_NE(p.svg.find("Left out, their corners are not finite numbers: Near, Far."), std::string::npos);
+    EXPECT_EQ(count(p.svg, "<polygon"), 1u);
+    expectOnlyFiniteNumbers(p.svg);
+}
+
+TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFace)
+{
+    host::Project project = cardsProject();
+    layerNamed(project, "Turned").prop(host::Prop::orientation).value = {0, 90, 0};  // edge-on to the camera
+    layerNamed(project, "Far").name = "A name far too long to fit on any card of this size";
+    const std::string svg = picture(project).svg;
+    EXPECT_EQ(group(svg, "Turned").find("<text"), std::string::npos);
+    EXPECT_NE(group(svg, "Turned").find("<title>Turned</title>"), std::string::npos);
+    const std::string far = group(svg, "A name far too long to fit on any card of this size");
+    EXPECT_EQ(far.find("<text"), std::string::npos);
+    EXPECT_NE(far.find("<title>"), std::string::npos);
+    EXPECT_NE(group(svg, "Near").find(">Near</text>"), std::string::npos);
+}
+
+TEST(PreviewPicture, LayersWithoutASourceAreDashedOutlines)
+{
+    host::Project project = cardsProject();
+    const host::Id title = project.addLayer(project.comps.front().id, "Title", AEGP_ObjectType_TEXT, true);
+    project.layer(title)->prop(host::Prop::scale).value = {20, 20, 100};
+    project.select(project.comps.front().id, {title});
+    const std::string t = group(picture(project).svg, "Title");
+    EXPECT_NE(t.find("fill=\"none\" stroke=\"#24496f\" stroke-width=\"1.2\" opacity=\"0.90\" stroke-dasharray=\"5 3\""),
+              std::string::npos);
+    EXPECT_NE(t.find(">Title</text>"), std::string::npos);
+}
+
+TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled)
+{
+    host::Project project;
+    const host::Id comp = project.addComp("Big", 1920, 1080);
+    const host::Id footage = project.addFootage("card", 100, 80);
+    std::vector<host::Id> ids;
+    constexpr int kLayers = 30000;
+    for (int i = 0; i < kLayers; ++i) {
+        const host::Id id = project.addLayer(comp, "Card " + std::to_string(i + 1), AEGP_ObjectType_AV, true, footage);
+        const double phi = 2 * M_PI * (i % 300) / 300;
+        host::Layer& layer = project.comps.front().layers.back();  // looked up by id it would take n steps
+        layer.prop(host::Prop::position).value = {960 + 5000 * std::sin(phi), 540.0 - 100 * (i / 300),
+                                                  -5000 * std::cos(phi)};
+        layer.prop(host::Prop::orientation).value = {0, -phi * 180 / M_PI, 0};
+        ids.push_back(id);
+    }
+    project.select(comp, ids);
+    const app::Preview p = picture(project, {{"EDIT_DIM_X", 10000}, {"EDIT_DIM_Z", 10000}, {"EDIT_DIM_Y", 10000}});
+    EXPECT_EQ(count(p.svg, "<polygon"), static_cast<std::size_t>(kLayers));
+    // The caption's lines only: every card is too small to label.
+    EXPECT_EQ(count(p.svg, "</text>"), count(p.svg, "text-anchor=\"start\""));
+    EXPECT_LT(p.svg.size(), 300u * kLayers);
 }
 
 TEST(PreviewScene, CylinderFromTheSettingsAsThePluginReadsThem)
