@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <set>
 #include <vector>
 
 namespace app {
@@ -161,8 +162,10 @@ std::string layerChange(const host::Project& before, const host::Layer& layer)
     return "";
 }
 
-std::string layerTable(const host::Project& before, const host::Project& after)
+std::string layerTable(const host::Project& before, const host::Project& after,
+                       const std::vector<host::Id>& not_reached)
 {
+    const std::set<host::Id> missed(not_reached.begin(), not_reached.end());
     const host::Comp* comp = shownComp(after);
     if (comp == nullptr) {
         return "No composition.\n";
@@ -174,7 +177,8 @@ std::string layerTable(const host::Project& before, const host::Project& after)
         using host::Prop;
         rows.push_back({{std::to_string(i + 1), escapedText(layer.name),
                          std::string(typeName(layer.type)) + (layer.three_d ? "" : " 2D"), "", "", "",
-                         keyCounts(layer), layerChange(before, layer)}});
+                         keyCounts(layer),
+                         layerChange(before, layer) + (missed.count(layer.id) != 0 ? ", not reached" : "")}});
         triples.push_back({triple(layer.prop(Prop::position).valueAt(comp->time)),
                            triple(layer.prop(Prop::orientation).valueAt(comp->time)),
                            triple(layer.prop(Prop::scale).valueAt(comp->time))});

@@ -4,6 +4,7 @@
 #include "host/project.h"
 
 #include <string>
+#include <vector>
 
 namespace app {
 
@@ -14,8 +15,10 @@ std::string layerChange(const host::Project& before, const host::Layer& layer);
 std::string tableNumber(double value);
 
 // The table of the active composition's layers (number, name, type, position, orientation,
-// scale, keyframe counts, what the run did). Names are escaped and padded by the columns they
-// take on a terminal; numbers line up in their columns.
-std::string layerTable(const host::Project& before, const host::Project& after);
+// scale, keyframe counts, what the run did, "not reached" for the layers in `not_reached`).
+// Names are escaped and padded by the columns they take on a terminal; numbers line up in their
+// columns.
+std::string layerTable(const host::Project& before, const host::Project& after,
+                       const std::vector<host::Id>& not_reached = {});
 
 }  // namespace app

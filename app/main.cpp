@@ -31,7 +31,8 @@ int run(const app::Options& options)
     const bool scene_to_stdout = options.out == app::kStandardStream;
     if (!options.quiet) {
         std::ostream& table = scene_to_stdout ? std::cerr : std::cout;
-        table << app::layerTable(result.before, result.host->project()) << app::summaryText(report);
+        table << app::layerTable(result.before, result.host->project(), outcome.not_reached)
+              << app::summaryText(report);
     }
     if (scene_to_stdout) {
         std::cout << app::sceneAfter(result) << std::flush;

@@ -89,6 +89,10 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReach)
                                     "EDIT_MIN_LATITUDE=50", "--set", "EDIT_DIM_Y=100", "--json-report",
                                     path("report.json")});
     ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_NE(r.out.find("13  Card 13  av    1920.0, 1080.0,    0.0     0.0,   0.0,    0.0  100.0, 100.0, 100.0  "
+                         "0/0/0/0       moved, not reached\n"),
+              std::string::npos)
+        << r.out;
     const std::size_t summary = r.out.find("Summary\n");
     ASSERT_NE(summary, std::string::npos);
     EXPECT_EQ(r.out.substr(summary),
