@@ -75,8 +75,8 @@ void withoutEffect(const SessionResult& run, const ControlSetting& setting, std:
         return;
     }
     const std::string set = std::string(control.name) + ": set " + shownValue(setting);
-    if (note->unused) {
-        out.push_back({control.name, "not_used", set + ", but the layout does not use this field; the dialog only keeps it"});
+    if (*note->never_acts != '\0') {
+        out.push_back({control.name, "never_acts", set + ", but it never acts: " + note->never_acts});
     } else if (!state->enabled && *note->acts_when != '\0') {
         out.push_back({control.name, "greyed_out", set + ", but the dialog greys it out: " + note->acts_when});
     }

@@ -7,13 +7,16 @@
 namespace {
 
 constexpr bool whole = true;
-constexpr bool unused = true;
 
 constexpr ControlNote note(ADMInt32 id, const char* meaning, const char* acts_when = "", bool whole_number = false,
-                           bool never_read = false)
+                           const char* never_acts = "")
 {
-    return {id, meaning, acts_when, whole_number, never_read};
+    return {id, meaning, acts_when, whole_number, never_acts};
 }
+
+const char* const kNotRead = "the layout does not read this field; the dialog only keeps it";
+const char* const kSideNotReached =
+    "RADIO_BEGIN_FRONT or RADIO_BEGIN_BACK, a radio group of their own, is always on, and the layout asks them first";
 
 const char* const kNotRadius =
     "it is not used while CHECK_RADIUS_BY_FIRST sets the radius (unless CHECK_DISTRIBUTE_EVENLY is on too, which "
@@ -48,16 +51,18 @@ const std::array kNotes = {
          "it acts only with CHECK_SCALE_LAYER on (and still does while CHECK_RADIUS_BY_FIRST greys it)"),
     note(EDIT_MIN_LATITUDE, "\"Distance Between Layers Vertically\", pixels", kVertical),
     note(EDIT_LATITUDE_INCREMENT, "growth of the vertical distance per row", kVertical),
-    note(EDIT_MAX_LATITUDE, "kept by the dialog; the layout does not use it", "", false, unused),
+    note(EDIT_MAX_LATITUDE, "kept by the dialog; the layout does not use it", "", false, kNotRead),
     note(EDIT_MIN_LONGITUDE, "\"Frequency of Layers Around Cylinder\", degrees", kAngular),
     note(EDIT_LONGITUDE_INCREMENT, "growth of the angular step per step", kAngular),
-    note(EDIT_MAX_LONGITUDE, "kept by the dialog; the layout does not use it", "", false, unused),
+    note(EDIT_MAX_LONGITUDE, "kept by the dialog; the layout does not use it", "", false, kNotRead),
     note(RADIO_OUTWARD, "\"Outward\": layers face away from the axis"),
     note(RADIO_INWARD, "\"Inward\": layers face the axis"),
     note(RADIO_BEGIN_FRONT, "\"Begin Distribution at\" \"Front\""),
-    note(RADIO_BEGIN_RIGHT, "\"Begin Distribution at\" \"Right\" (a group of its own with \"Left\")"),
+    note(RADIO_BEGIN_RIGHT, "\"Begin Distribution at\" \"Right\"; never acts (Front or Back is always on)", "",
+         false, kSideNotReached),
     note(RADIO_BEGIN_BACK, "\"Begin Distribution at\" \"Back\""),
-    note(RADIO_BEGIN_LEFT, "\"Begin Distribution at\" \"Left\" (a group of its own with \"Right\")"),
+    note(RADIO_BEGIN_LEFT, "\"Begin Distribution at\" \"Left\"; never acts (Front or Back is always on)", "",
+         false, kSideNotReached),
     note(RADIO_WHOLE_CYLINDER, "\"Whole Cylinder\": the active surface is all of it"),
     note(RADIO_SECTOR, "\"Sector\": only the halves ticked in the sector boxes"),
     note(RADIO_EQUATOR_ONLY, "\"Equator Only\": one row at mid-height",

@@ -14,7 +14,9 @@ struct ControlNote {
     // dialog can grey out; empty for the others.
     const char* acts_when;
     bool whole_number;  // an edit field the plug-in reads as an integer
-    bool unused;        // kept by the dialog, never read by the layout
+    // Why the control never acts, as a sentence, for those the dialog keeps but the layout never
+    // follows; empty for the others.
+    const char* never_acts;
 };
 
 // Notes on every control that holds a value, in the dialog's order.

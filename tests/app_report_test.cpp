@@ -58,8 +58,11 @@ TEST_F(Report, SettingsTheDialogGreysOut)
                     "RADIO_SECTOR on"});
     EXPECT_EQ(warnings(cardScene(2), {"EDIT_REPEAT_COUNT=3"}),
               Lines{"EDIT_REPEAT_COUNT: set 3, but the dialog greys it out: it acts only with CHECK_REPEAT_LAYERS on"});
-    EXPECT_EQ(warnings(cardScene(2), {"EDIT_MAX_LATITUDE=80"}),
-              Lines{"EDIT_MAX_LATITUDE: set 80, but the layout does not use this field; the dialog only keeps it"});
+    EXPECT_EQ(warnings(cardScene(2), {"EDIT_MAX_LATITUDE=80", "RADIO_BEGIN_LEFT=on"}),
+              (Lines{"EDIT_MAX_LATITUDE: set 80, but it never acts: the layout does not read this field; the dialog "
+                     "only keeps it",
+                     "RADIO_BEGIN_LEFT: set on, but it never acts: RADIO_BEGIN_FRONT or RADIO_BEGIN_BACK, a radio "
+                     "group of their own, is always on, and the layout asks them first"}));
     // Where they act, and at their initial values, the same controls give no warning.
     EXPECT_EQ(warnings(cardScene(2), {"RADIO_EQUATOR_ONLY=on", "CHECK_CREATE_RING=on", "EDIT_REPEAT_COUNT=1",
                                       "CHECK_SECTOR_FRONT=on", "EDIT_MAX_LATITUDE=50"}),
