@@ -44,6 +44,10 @@ TEST_F(Report, ValuesTheFieldReadsOtherwise)
               Lines{"EDIT_REPEAT_COUNT: typed 2.5, the field reads 2"});
     EXPECT_EQ(warnings(cardScene(2), {"EDIT_MIN_LONGITUDE=+400"}),
               Lines{"EDIT_MIN_LONGITUDE: typed +400, the field reads 360"});
+    EXPECT_EQ(warnings(cardScene(2), {"CHECK_REPEAT_LAYERS=on", "EDIT_REPEAT_COUNT=1000000000"}),
+              (Lines{"EDIT_REPEAT_COUNT: typed 1000000000, the field reads 10000",
+                     "EDIT_REPEAT_COUNT: 10000 repeats of 2 layers ask for 20000 copies; 326 were made (the repeats "
+                     "were cut to what fits)"}));
     // Held in single precision like the field, 0.1 is read as typed.
     EXPECT_EQ(warnings(cardScene(2), {"EDIT_DIM_Y=0.1", "EDIT_DIM_X= 1e3 "}), Lines{});
 }

@@ -140,6 +140,7 @@ TEST(HostScene, OutputCarriesCopiesUndoGroupsReportsAndSettings) {
 
 TEST(HostScene, BadFilesGiveOneMessageWithFilePlaceAndProblem) {
     EXPECT_EQ(0u, messageOf("{ nope").find("bad.json: not valid JSON: parse error at line 1, column 4"));
+    EXPECT_EQ(0u, messageOf(R"({"comp": NaN})").find("bad.json: not valid JSON: parse error at line 1, column 10"));
     EXPECT_NE(std::string::npos, messageOf(R"({"comp": {"name": "x")").find("unexpected end of input"));
     EXPECT_EQ("bad.json: at $: expected an object, found an array", messageOf("[]"));
     EXPECT_EQ("bad.json: at $.comp: missing \"width\"", messageOf(R"({"comp": {"name": "x"}, "layers": []})"));
