@@ -103,16 +103,24 @@ TEST_F(Refusals, CommandLinesAndModules)
 // Fails: a module whose start-up fails, and an "Apply" that stops at a suite the host withholds.
 class Failures : public apptest::ToolTest {};
 
-TEST_F(Failures, StartUpFailureIsPrintedAndWritesNothing)
+TEST_F(Failures, FailuresBeforeTheDialogIsUpArePrintedAndWriteNothing)
 {
-    json s = cardScene(2);
-    s["host"]["withhold"] = {"AEGP Register Suite/1"};
-    const apptest::ToolRun r = run({writeScene("s.json", s), "--out", path("after.json")});
-    EXPECT_EQ(r.status, 3);
-    EXPECT_EQ(r.err, "orbisett-host: the plug-in's start-up failed with error 1\n"
-                     "orbisett-host: the host stopped an exception from the plug-in's entry hook: int 516\n");
-    EXPECT_TRUE(r.out.empty());
-    EXPECT_FALSE(std::filesystem::exists(path("after.json")));
+    const std::pair<const char*, std::string> cases[] = {
+        {"AEGP Register Suite/1", "orbisett-host: the plug-in's start-up failed with error 1\n"
+                                  "orbisett-host: the host stopped an exception from the plug-in's entry hook: int 516\n"},
+        // The command hook's error is kept by the host as its alert.
+        {"AEGP Comp Suite/4", "orbisett-host: choosing \"Orbisett\" failed with error 516\n"
+                              "orbisett-host: the host reported: The command \"Orbisett\" failed: error 516.\n"},
+    };
+    for (const auto& [suite, message] : cases) {
+        json s = cardScene(2);
+        s["host"]["withhold"] = {suite};
+        const apptest::ToolRun r = run({writeScene("s.json", s), "--out", path("after.json")});
+        EXPECT_EQ(r.status, 3) << suite;
+        EXPECT_EQ(r.err, message);
+        EXPECT_TRUE(r.out.empty());
+        EXPECT_FALSE(std::filesystem::exists(path("after.json")));
+    }
 }
 
 TEST_F(Failures, AnApplyTheHostStopsIsReportedWithWhatItRefused)
