@@ -53,8 +53,9 @@ std::string applyFailure(const SessionResult& run, const RunOutcome& outcome)
     const std::set<host::Id> written(outcome.written.begin(), outcome.written.end());
     const std::size_t taken_written = static_cast<std::size_t>(std::count_if(
         outcome.taken.begin(), outcome.taken.end(), [&](host::Id id) { return written.count(id) != 0; }));
-    const bool refused_call = std::any_of(run.apply.refused.begin(), run.apply.refused.end(),
-                                          [](const host::RefusedCall& c) { return c.call.rfind("AcquireSuite", 0) != 0; });
+    const bool refused_call =
+        std::any_of(run.apply.refused.begin(), run.apply.refused.end(),
+                    [](const host::RefusedCall& c) { return c.call.rfind("AcquireSuite", 0) != 0; });
     if (taken_written == outcome.taken.size() && !refused_call) {
         return {};
     }
@@ -190,7 +191,8 @@ nlohmann::json summaryJson(const RunReport& r, int status)
     for (const Warning& w : r.warnings) {
         warnings.push_back({{"control", w.control}, {"kind", w.kind}, {"text", w.text}});
     }
-    const char* apply = r.apply == ApplyState::applied ? "applied" : (r.apply == ApplyState::undone ? "undone" : "not_applied");
+    const char* apply =
+        r.apply == ApplyState::applied ? "applied" : (r.apply == ApplyState::undone ? "undone" : "not_applied");
     return {{"status", status},
             {"apply", apply},
             {"selected", r.selected},

@@ -77,7 +77,7 @@ void withoutEffect(const SessionResult& run, const ControlSetting& setting, std:
     const std::string set = std::string(control.name) + ": set " + shownValue(setting);
     if (*note->never_acts != '\0') {
         out.push_back({control.name, "never_acts", set + ", but it never acts: " + note->never_acts});
-    } else if (!state->enabled && *note->acts_when != '\0') {
+    } else if (run.dialog_enabled && !state->enabled && *note->acts_when != '\0') {
         out.push_back({control.name, "greyed_out", set + ", but the dialog greys it out: " + note->acts_when});
     }
 }
@@ -88,7 +88,7 @@ std::optional<bool> stateOn(const SessionResult& run, ADMInt32 id)
     return state != nullptr ? std::optional<bool>(state->on && state->enabled) : std::nullopt;
 }
 
-// Copies made by the layer suite go where the host puts them; only the command path reorders.
+// Copies made by the layer suite go where the host puts them; only the command path reorders them.
 void repeatPath(const SessionResult& run, std::vector<Warning>& out)
 {
     if (stateOn(run, CHECK_REPEAT_SEQUENTIALLY).value_or(false) && run.apply.duplicate_calls > 0 &&

@@ -148,6 +148,7 @@ SessionResult runSession(const Options& options)
         result.apply = pressApply(host, dialog);
     }
     result.controls = controlStates(dialog);
+    result.dialog_enabled = IsControlEnabled(dialog.control(BUTTON_APPLY)) != 0;
     result.settings = readControls(dialog);
     result.dialog_svg = dialog.svg();
     if (options.undo) {

@@ -31,6 +31,7 @@ struct SessionResult {
     host::Project before;                // the project as the scene made it
     std::vector<ControlSetting> asked;   // what the scene's settings and --set asked for, in dialog order
     std::vector<ControlState> controls;  // the value controls as the window system shows them after the run
+    bool dialog_enabled = false;         // not greyed out as a whole after the run ("Apply" enabled)
     nlohmann::json settings;             // every value control as the dialog held it
     std::string dialog_svg;              // the dialog as it stood after the run
     ApplyFacts apply;

@@ -106,8 +106,9 @@ class Failures : public apptest::ToolTest {};
 TEST_F(Failures, FailuresBeforeTheDialogIsUpArePrintedAndWriteNothing)
 {
     const std::pair<const char*, std::string> cases[] = {
-        {"AEGP Register Suite/1", "orbisett-host: the plug-in's start-up failed with error 1\n"
-                                  "orbisett-host: the host stopped an exception from the plug-in's entry hook: int 516\n"},
+        {"AEGP Register Suite/1",
+         "orbisett-host: the plug-in's start-up failed with error 1\n"
+         "orbisett-host: the host stopped an exception from the plug-in's entry hook: int 516\n"},
         // The command hook's error is kept by the host as its alert.
         {"AEGP Comp Suite/4", "orbisett-host: choosing \"Orbisett\" failed with error 516\n"
                               "orbisett-host: the host reported: The command \"Orbisett\" failed: error 516.\n"},
