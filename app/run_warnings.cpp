@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace app {
 
@@ -57,9 +58,13 @@ void readDifferently(const ControlSetting& setting, std::vector<Warning>& out)
         return;
     }
     const ControlNote* note = control_note(control.id);
-    const double meant =
-        note != nullptr && note->whole_number ? typed->value : static_cast<double>(static_cast<float>(typed->value));
-    if (meant != *reading) {
+    // A field holds single precision: a number it holds as typed is no news, one beyond what a
+    // float holds always is.
+    const bool as_typed = note != nullptr && note->whole_number
+                              ? typed->value == *reading
+                              : std::fabs(typed->value) <= std::numeric_limits<float>::max() &&
+                                    static_cast<float>(typed->value) == static_cast<float>(*reading);
+    if (!as_typed) {
         out.push_back({control.name, "read_differently",
                        std::string(control.name) + ": typed " + setting.text + ", the field reads " +
                            readingText(control, *reading)});
