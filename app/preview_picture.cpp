@@ -93,8 +93,9 @@ std::vector<Vec3> compFrame(const host::Comp& comp)
     return {{0, 0, 0}, {w, 0, 0}, {w, h, 0}, {0, h, 0}};
 }
 
-// What the picture frames: the layers the run arranged and the surface; the layers the command
-// takes when none was arranged; the composition's frame when there is nothing else.
+// What the picture frames: the layers the run arranged and the surface where they are (a tall
+// cylinder with a few rows at its foot would leave them tiny); the layers the command takes and
+// the whole surface when none was arranged; the composition's frame when there is nothing else.
 std::vector<Vec3> framedPoints(const std::vector<const PlacedLayer*>& layers, const RunOutcome& o,
                                const host::Comp& comp)
 {
@@ -102,13 +103,29 @@ std::vector<Vec3> framedPoints(const std::vector<const PlacedLayer*>& layers, co
     const std::set<host::Id> arranged(o.arranged.begin(), o.arranged.end());
     const std::set<host::Id> taken(o.taken.begin(), o.taken.end());
     const std::set<host::Id>& chosen = arranged.empty() ? taken : arranged;
+    double low = o.surface.top, high = o.surface.bottom;  // host Y: low is up
+    if (!arranged.empty()) {
+        low = 1e300, high = -1e300;
+    }
     for (const PlacedLayer* layer : layers) {
         if (chosen.contains(layer->id)) {
-            points.insert(points.end(), layer->corners.begin(), layer->corners.end());
+            for (const Vec3& c : layer->corners) {
+                points.push_back(c);
+                if (!arranged.empty()) {
+                    low = std::min(low, c.y);
+                    high = std::max(high, c.y);
+                }
+            }
         }
     }
-    for (const auto& [a, b] : outlinePieces(o.surface)) {
-        points.push_back(a);
+    if (low > high) {  // no arranged layer could be drawn
+        low = o.surface.top, high = o.surface.bottom;
+    }
+    if (o.surface.known) {
+        for (const double y : {std::clamp(o.surface.top, low, high), std::clamp(o.surface.bottom, low, high)}) {
+            const std::vector<Vec3> rim = ellipse(o.surface, y);
+            points.insert(points.end(), rim.begin(), rim.end());
+        }
     }
     if (points.empty()) {
         points = compFrame(comp);
@@ -116,17 +133,16 @@ std::vector<Vec3> framedPoints(const std::vector<const PlacedLayer*>& layers, co
     return points;
 }
 
+// The camera looks at the middle of what it frames, on the surface's axis when there is one.
 Vec3 frameTarget(const std::vector<Vec3>& points, const Surface& s)
 {
-    if (s.known) {
-        return s.centre;
-    }
     Vec3 low = points.front(), high = points.front();
     for (const Vec3& p : points) {
         low = {std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
         high = {std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z)};
     }
-    return 0.5 * (low + high);
+    const Vec3 middle = 0.5 * (low + high);
+    return s.known ? Vec3{s.centre.x, middle.y, s.centre.z} : middle;
 }
 
 void drawSegment(SvgWriter& svg, const View& view, const Area& bounds, const Vec3& a, const Vec3& b, const Style& style)
@@ -154,7 +170,7 @@ void drawCross(SvgWriter& svg, const View& view, const Area& area, const Vec3& a
 void drawReference(SvgWriter& svg, const View& view, const Area& area, const host::Comp& comp)
 {
     const std::vector<Vec3> frame = compFrame(comp);
-    const Area bounds = area.grown(1);
+    const Area& bounds = area;
     svg.beginGroup("composition", "data-reference=\"composition\"");
     for (std::size_t i = 0; i < frame.size(); ++i) {
         drawSegment(svg, view, bounds, frame[i], frame[(i + 1) % frame.size()], kReference);
@@ -261,7 +277,8 @@ Preview drawPreview(const host::Project& project, const RunOutcome& outcome)
         svg.endGroup();
     }
     drawReference(svg, view, area, *comp);
-    const Area bounds = area.grown(1);
+    // Lines stay inside the scene's area, clear of the caption.
+    const Area& bounds = area;
     for (const Item& item : items) {
         if (item.layer != nullptr) {
             drawLayer(svg, *item.layer, view);

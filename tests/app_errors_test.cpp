@@ -17,16 +17,17 @@ protected:
     // Runs with outputs asked for and checks the refusal; returns the message without its prefix.
     std::string refused(std::vector<std::string> args, const std::string& input = "")
     {
-        for (const char* option : {"--preview", "--dialog", "--json-report"}) {
+        for (const auto& [option, name] : {std::pair{"--preview", "preview.png"}, std::pair{"--dialog", "dialog.svg"},
+                                           std::pair{"--json-report", "report.json"}}) {
             args.push_back(option);
-            args.push_back(path(std::string(option).substr(2) + ".svg"));
+            args.push_back(path(name));
         }
         const apptest::ToolRun r = run(args, input);
         EXPECT_EQ(r.status, 2) << r.out << r.err;
         EXPECT_TRUE(r.out.empty()) << r.out;
         EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
         EXPECT_EQ(r.err.rfind("orbisett-host: ", 0), 0u) << r.err;
-        for (const char* name : {"preview.svg", "dialog.svg", "json-report.svg"}) {
+        for (const char* name : {"preview.png", "dialog.svg", "report.json"}) {
             EXPECT_FALSE(std::filesystem::exists(path(name))) << name;
         }
         return r.err.substr(15, r.err.size() - 16);

@@ -1,0 +1,178 @@
+// Pictures as files: PNG rendered from our SVG and decoded back, names with other endings refused
+// before anything runs, and no picture of any scenario holding a number that is not finite.
+#include "app_tool.h"
+
+#include "app/picture_file.h"
+
+#include <cairo.h>
+
+#include <cmath>
+#include <numbers>
+#include <regex>
+
+namespace {
+
+using apptest::cardScene;
+using nlohmann::json;
+
+struct Decoded {
+    int width = 0, height = 0;
+    std::vector<std::uint32_t> pixels;  // 0xAARRGGBB
+    std::uint32_t at(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
+};
+
+Decoded decodePng(const std::string& png)
+{
+    struct Reader {
+        const std::string* bytes;
+        std::size_t at = 0;
+    } reader{&png};
+    auto read = [](void* closure, unsigned char* data, unsigned int length) {
+        Reader& r = *static_cast<Reader*>(closure);
+        if (r.at + length > r.bytes->size()) {
+            return CAIRO_STATUS_READ_ERROR;
+        }
+        std::copy_n(r.bytes->data() + r.at, length, data);
+        r.at += length;
+        return CAIRO_STATUS_SUCCESS;
+    };
+    cairo_surface_t* surface = cairo_image_surface_create_from_png_stream(read, &reader);
+    Decoded d;
+    if (cairo_surface_status(surface) == CAIRO_STATUS_SUCCESS) {
+        d.width = cairo_image_surface_get_width(surface);
+        d.height = cairo_image_surface_get_height(surface);
+        const int stride = cairo_image_surface_get_stride(surface);
+        const unsigned char* data = cairo_image_surface_get_data(surface);
+        for (int y = 0; y < d.height; ++y) {
+            const auto* row = reinterpret_cast<const std::uint32_t*>(data + y * stride);
+            d.pixels.insert(d.pixels.end(), row, row + d.width);
+        }
+    }
+    cairo_surface_destroy(surface);
+    return d;
+}
+
+TEST(PictureFile, PngIsTheSvgRenderedAtItsSize)
+{
+    const std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"30\">"
+                            "<rect width=\"40\" height=\"30\" fill=\"#f6f7f9\"/>"
+                            "<rect x=\"10\" y=\"5\" width=\"20\" height=\"10\" fill=\"#a9cbef\"/></svg>";
+    const std::string png = app::pictureBytes(svg, app::PictureFormat::png);
+    EXPECT_EQ(png.substr(1, 3), "PNG");
+    const Decoded d = decodePng(png);
+    ASSERT_EQ(d.width, 40);
+    ASSERT_EQ(d.height, 30);
+    EXPECT_EQ(d.at(0, 0), 0xFFF6F7F9u);
+    EXPECT_EQ(d.at(15, 8), 0xFFA9CBEFu);
+    EXPECT_EQ(d.at(35, 25), 0xFFF6F7F9u);
+    EXPECT_EQ(app::pictureBytes(svg, app::PictureFormat::svg), svg);
+    EXPECT_THROW(app::renderPng("<svg"), std::exception);
+}
+
+TEST(PictureFile, FormatFromTheEnding)
+{
+    EXPECT_EQ(app::pictureFormat("a/p.svg"), app::PictureFormat::svg);
+    EXPECT_EQ(app::pictureFormat("P.PNG"), app::PictureFormat::png);
+    EXPECT_FALSE(app::pictureFormat("p.png.txt"));
+    EXPECT_FALSE(app::pictureFormat("png"));
+    EXPECT_EQ(app::pictureNameProblem("--dialog", "d.jpg"),
+              "--dialog d.jpg: the picture's file name must end in .svg or .png, which choose its format");
+}
+
+class PictureFiles : public apptest::ToolTest {};
+
+TEST_F(PictureFiles, ToolWritesPngsThatDecodeToThePicturesSize)
+{
+    const apptest::ToolRun r = run({"--preview", path("p.png"), "--dialog", path("d.png"), "--preview", path("p.png")});
+    // One --preview only; then the real run.
+    EXPECT_EQ(r.status, 2);
+    ASSERT_EQ(run({"--preview", path("p.png"), "--dialog", path("d.png")}).status, 0);
+    ASSERT_EQ(run({"--dialog", path("d.svg")}).status, 0);
+    const Decoded preview = decodePng(apptest::readFile(path("p.png")));
+    ASSERT_EQ(preview.width, 1200);
+    ASSERT_EQ(preview.height, 800);
+    EXPECT_EQ(preview.at(2, 2), 0xFFF6F7F9u);
+    // Front faces are drawn: some pixel has their colour (at 96 % over the page).
+    const auto front = std::count_if(preview.pixels.begin(), preview.pixels.end(), [](std::uint32_t p) {
+        const int r = (p >> 16) & 0xFF, g = (p >> 8) & 0xFF, b = p & 0xFF;
+        return std::abs(r - 172) <= 2 && std::abs(g - 205) <= 2 && std::abs(b - 239) <= 2;
+    });
+    EXPECT_GT(front, 10000);
+
+    std::smatch size;
+    const std::string dialog_svg = apptest::readFile(path("d.svg"));
+    ASSERT_TRUE(std::regex_search(dialog_svg, size, std::regex("width=\"([0-9]+)\" height=\"([0-9]+)\"")));
+    const Decoded dialog = decodePng(apptest::readFile(path("d.png")));
+    EXPECT_EQ(dialog.width, std::stoi(size[1]));
+    EXPECT_EQ(dialog.height, std::stoi(size[2]));
+}
+
+TEST_F(PictureFiles, OtherEndingsAreRefusedAndNothingIsWritten)
+{
+    const apptest::ToolRun r = run({"--out", path("o.json"), "--preview", path("p.jpg")});
+    EXPECT_EQ(r.status, 2);
+    EXPECT_NE(r.err.find("--preview " + path("p.jpg") + ": the picture's file name must end in .svg or .png"),
+              std::string::npos)
+        << r.err;
+    EXPECT_FALSE(std::filesystem::exists(path("o.json")));
+    EXPECT_FALSE(std::filesystem::exists(path("p.jpg")));
+    EXPECT_EQ(run({"--dialog", path("d")}).status, 2);
+    EXPECT_FALSE(std::filesystem::exists(path("d")));
+}
+
+TEST_F(PictureFiles, NoPictureHoldsANumberThatIsNotFinite)
+{
+    json wild = cardScene(6);
+    wild["layers"][0]["scale"] = {1e300, 1e300, 100};
+    wild["layers"][1]["position"] = {1e308, -1e308, 1e308};
+    wild["layers"][2]["orientation"] = {1e300, 0, 0};
+    wild["layers"][3]["scale"] = {0, 0, 0};
+    wild["layers"][4]["scale"] = {-100, 100, 100};
+    wild["layers"].push_back({{"name", "Words"}, {"type", "text"}, {"three_d", true}, {"selected", true},
+                              {"position", {0, 0, 0}}, {"scale", {100, 100, 100}}});
+    const std::string wild_scene = writeScene("wild.json", wild);
+    const std::string cards = writeScene("cards.json", cardScene(9));
+    const std::vector<std::vector<std::string>> scenarios{
+        {},
+        {cards},
+        {cards, "--set", "CHECK_DISTRIBUTE_EVENLY=on"},
+        {cards, "--set", "RADIO_EQUATOR_ONLY=on"},
+        {cards, "--set", "RADIO_EQUATOR_ONLY=on", "--set", "CHECK_CREATE_RING=on", "--set", "RADIO_BEGIN_BACK=on"},
+        {cards, "--set", "CHECK_RADIUS_BY_FIRST=on", "--set", "EDIT_RADIUS_LAYERS=5"},
+        {cards, "--set", "CHECK_REPEAT_LAYERS=on", "--set", "EDIT_REPEAT_COUNT=3"},
+        {cards, "--set", "RADIO_SECTOR=on", "--set", "CHECK_SECTOR_FRONT=off", "--set", "CHECK_RADIUS_BY_FIRST=on"},
+        {cards, "--set", "EDIT_DIM_X=10000000", "--set", "EDIT_SPHERE_CENTER_X=-10000000", "--set", "EDIT_DIM_Z=0.1"},
+        {cards, "--no-apply"},
+        {cards, "--undo", "--set", "CHECK_RADIUS_BY_FIRST=on"},
+        {wild_scene},
+        {wild_scene, "--set", "RADIO_EQUATOR_ONLY=on", "--set", "CHECK_CREATE_RING=on"},
+        {wild_scene, "--set", "CHECK_RADIUS_BY_FIRST=on"},
+    };
+    const std::regex numeric("(points|x|y|font-size|stroke-width|opacity|data-[a-z-]+)=\"[^\"]*(nan|inf)",
+                             std::regex::icase);
+    for (std::vector<std::string> args : scenarios) {
+        args.insert(args.end(), {"--preview", path("p.svg")});
+        const apptest::ToolRun r = run(args);
+        ASSERT_EQ(r.status, 0) << args.front() << r.err;
+        const std::string svg = apptest::readFile(path("p.svg"));
+        EXPECT_FALSE(std::regex_search(svg, numeric)) << testing::PrintToString(args);
+        EXPECT_NE(svg.find("<polygon"), std::string::npos) << testing::PrintToString(args);
+    }
+}
+
+TEST_F(PictureFiles, OutlineInThePictureIsTheRadiusTheFirstLayerSet)
+{
+    ASSERT_EQ(run({writeScene("s.json", cardScene(7)), "--set", "CHECK_RADIUS_BY_FIRST=on", "--set",
+                   "EDIT_RADIUS_LAYERS=5", "--preview", path("p.svg")})
+                  .status,
+              0);
+    const std::string svg = apptest::readFile(path("p.svg"));
+    std::smatch m;
+    ASSERT_TRUE(std::regex_search(svg, m, std::regex("data-half-x=\"([^\"]+)\" data-half-z=\"([^\"]+)\"")));
+    const double radius = 100 / std::tan(std::numbers::pi / 5);
+    EXPECT_NEAR(std::stod(m[1]), radius, 1e-9);
+    EXPECT_NEAR(std::stod(m[2]), radius, 1e-9);
+    EXPECT_NE(svg.find("Radius Set by First: circle of radius 137.6"), std::string::npos);
+}
+
+}  // namespace
