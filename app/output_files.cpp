@@ -52,6 +52,32 @@ mode_t newFileMode()
     return 0666 & ~mask;
 }
 
+// Writes all the bytes to an open file and closes it; the system's error, or 0.
+int writeAndClose(int fd, const std::string& bytes)
+{
+    int error = 0;
+    for (std::size_t done = 0; error == 0 && done < bytes.size();) {
+        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (n < 0 && errno != EINTR) {
+            error = errno;
+        }
+        done += n > 0 ? static_cast<std::size_t>(n) : 0;
+    }
+    if (::close(fd) != 0 && error == 0) {
+        error = errno;
+    }
+    return error;
+}
+
+// Whether the name is taken by something that is not a file to replace: a device, a pipe or a
+// socket is written to, never renamed over.
+bool isSpecial(const std::string& target)
+{
+    std::error_code ec;
+    const fs::file_status status = fs::status(target, ec);
+    return !ec && fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
+}
+
 // Writes the bytes to a new file beside `target`; returns its name. Throws AppError.
 std::string writeBeside(const OutputFile& file, const std::string& target)
 {
@@ -65,17 +91,7 @@ std::string writeBeside(const OutputFile& file, const std::string& target)
     if (fd < 0) {
         refuse(file, reason(file, errno));
     }
-    int error = ::fchmod(fd, newFileMode()) == 0 ? 0 : errno;
-    for (std::size_t done = 0; error == 0 && done < file.bytes.size();) {
-        const ssize_t n = ::write(fd, file.bytes.data() + done, file.bytes.size() - done);
-        if (n < 0 && errno != EINTR) {
-            error = errno;
-        }
-        done += n > 0 ? static_cast<std::size_t>(n) : 0;
-    }
-    if (::close(fd) != 0 && error == 0) {
-        error = errno;
-    }
+    const int error = ::fchmod(fd, newFileMode()) == 0 ? writeAndClose(fd, file.bytes) : errno;
     if (error != 0) {
         ::unlink(temporary.c_str());
         refuse(file, reason(file, error));
@@ -83,30 +99,52 @@ std::string writeBeside(const OutputFile& file, const std::string& target)
     return temporary;
 }
 
+void writeInto(const OutputFile& file, const std::string& target)
+{
+    const int fd = ::open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+    const int error = fd < 0 ? errno : writeAndClose(fd, file.bytes);
+    if (error != 0) {
+        refuse(file, reason(file, error));
+    }
+}
+
 }  // namespace
 
 void writeAll(const std::vector<OutputFile>& files)
 {
-    std::vector<std::pair<std::string, std::string>> written;  // temporary file, final name
+    struct Pending {
+        const OutputFile* file;
+        std::string temporary;
+        std::string target;
+    };
+    std::vector<Pending> written;
     try {
         for (const OutputFile& file : files) {
             const std::string target = finalPath(file);
-            written.emplace_back(writeBeside(file, target), target);
+            if (!isSpecial(target)) {
+                written.push_back({&file, writeBeside(file, target), target});
+            }
+        }
+        // Devices and pipes take what is written to them; they come once every file is ready.
+        for (const OutputFile& file : files) {
+            if (const std::string target = finalPath(file); isSpecial(target)) {
+                writeInto(file, target);
+            }
         }
     } catch (const AppError&) {
-        for (const auto& [temporary, target] : written) {
-            ::unlink(temporary.c_str());
+        for (const Pending& p : written) {
+            ::unlink(p.temporary.c_str());
         }
         throw;
     }
     // Renames within a folder do not fail for want of space or rights the write just had.
     for (std::size_t i = 0; i < written.size(); ++i) {
-        if (std::rename(written[i].first.c_str(), written[i].second.c_str()) != 0) {
+        if (std::rename(written[i].temporary.c_str(), written[i].target.c_str()) != 0) {
             const int error = errno;
             for (std::size_t j = i; j < written.size(); ++j) {
-                ::unlink(written[j].first.c_str());
+                ::unlink(written[j].temporary.c_str());
             }
-            refuse(files[i], reason(files[i], error));
+            refuse(*written[i].file, reason(*written[i].file, error));
         }
     }
 }

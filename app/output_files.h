@@ -13,9 +13,10 @@ struct OutputFile {
     std::string bytes;
 };
 
-// Writes every file to a temporary file in its folder, then renames them into place. On any
-// failure nothing is replaced, the temporary files are removed, and AppError names the option,
-// the file and the system's reason.
+// Writes every file to a temporary file in its folder, then renames them into place; a device or
+// a pipe named as an output is written to once every file is ready. On any failure nothing is
+// replaced, the temporary files are removed, and AppError names the option, the file and the
+// system's reason.
 void writeAll(const std::vector<OutputFile>& files);
 
 }  // namespace app

@@ -3,7 +3,9 @@
 // outputs are all or nothing.
 #include "app_tool.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -187,6 +189,23 @@ TEST_F(AllOrNothing, AFailingLaterOutputLeavesTheEarlierFileAsItWas)
     struct stat written {};
     ASSERT_EQ(::stat(ok.c_str(), &written), 0);
     EXPECT_EQ(written.st_mode & 0777, 0666 & ~mask);
+}
+
+TEST_F(AllOrNothing, APipeNamedAsAnOutputIsWrittenToNotReplaced)
+{
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    const int reader = ::open(path("pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    ASSERT_GE(reader, 0);
+    const apptest::ToolRun r = run({writeScene("s.json", cardScene(1)), "--json-report", path("pipe")});
+    EXPECT_EQ(r.status, 0) << r.err;
+    std::string received;
+    char buffer[4096];
+    for (ssize_t n; (n = ::read(reader, buffer, sizeof buffer)) > 0;) {
+        received.append(buffer, static_cast<std::size_t>(n));
+    }
+    ::close(reader);
+    EXPECT_TRUE(std::filesystem::is_fifo(path("pipe")));
+    EXPECT_NE(received.find("\"status\": 0"), std::string::npos) << received;
 }
 
 }  // namespace
