@@ -1,12 +1,12 @@
 #include "app/control_settings.h"
 
 #include "app/app_error.h"
+#include "app/field_reading.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <charconv>
-#include <cmath>
 #include <optional>
 #include <system_error>
 
@@ -34,22 +34,22 @@ std::string lower(std::string_view text)
     return out;
 }
 
-// An edit field reads at most this many characters of its text; what follows is never seen.
-constexpr std::size_t kEditFieldReads = 127;
+bool isBlank(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
 
-// The whole text must be one finite decimal number, as the edit field will read all of it.
-bool isNumberText(std::string_view text)
+// Why the text is not one number as an edit field reads it (blanks around it are fine); empty
+// when it is. Text after the number would be ignored by the field, so it is refused too.
+std::string numberProblem(std::string_view text)
 {
-    if (text.empty() || text.front() == '+') {
-        return false;
+    const std::optional<NumberInText> number = leadingNumber(text);
+    if (!number) {
+        return "takes a number, not \"" + std::string(text) + "\"";
     }
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        return false;
+    const std::string_view rest = text.substr(number->length);
+    if (!std::all_of(rest.begin(), rest.end(), isBlank)) {
+        return "takes a number alone, and the field would ignore \"" + std::string(rest) + "\" after \"" +
+               std::string(text.substr(0, number->length)) + "\"";
     }
-    const char first = text.front() == '-' && text.size() > 1 ? text[1] : text.front();
-    return std::isfinite(value) && (std::isdigit(static_cast<unsigned char>(first)) != 0 || first == '.');
+    return {};
 }
 
 // On or off as a user would write it; nothing when the text is neither.
@@ -90,11 +90,11 @@ ControlSetting settingFromText(const ControlSpec& control, std::string_view valu
 {
     const std::string name = control.name;
     const std::string shown = "\"" + std::string(value) + "\"";
-    ControlSetting setting{&control, {}, false};
+    ControlSetting setting{&control, {}, false, where};
     switch (control.kind) {
     case SettingKind::edit:
-        if (!isNumberText(value)) {
-            throw AppError(where + ": " + name + " is an edit field and takes a number, not " + shown);
+        if (const std::string problem = numberProblem(value); !problem.empty()) {
+            throw AppError(where + ": " + name + " is an edit field and " + problem);
         }
         if (value.size() > kEditFieldReads) {
             throw AppError(where + ": " + name + " is an edit field, which reads only the first " +
@@ -186,11 +186,39 @@ std::string valueControlNames()
     return names(controls);
 }
 
+std::string shownValue(const ControlSetting& setting)
+{
+    if (setting.control->kind == SettingKind::edit) {
+        return setting.text;
+    }
+    return setting.on ? "on" : "off";
+}
+
 std::string numberText(double value)
 {
     std::array<char, 64> buffer{};
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
     return error == std::errc() ? std::string(buffer.data(), end) : std::string("nan");
+}
+
+void SettingsPlan::checkRadioGroups() const
+{
+    for (const auto& [id, setting] : wanted_) {
+        // A radio that starts on goes off only when another of its group is turned on.
+        if (setting.control->kind != SettingKind::radio || setting.on || setting.control->value == 0.0f) {
+            continue;
+        }
+        std::vector<const ControlSpec*> others = radioGroup(*setting.control);
+        others.erase(std::find(others.begin(), others.end(), setting.control));
+        const bool other_on = std::any_of(others.begin(), others.end(), [&](const ControlSpec* mate) {
+            const auto it = wanted_.find(mate->id);
+            return it != wanted_.end() && it->second.on;
+        });
+        if (!other_on) {
+            throw AppError(setting.where + ": " + setting.control->name + " is off, but no other radio of its group (" +
+                           names(others) + ") is on, and a radio button goes off only when another one is turned on");
+        }
+    }
 }
 
 void SettingsPlan::want(ControlSetting setting)
@@ -199,7 +227,7 @@ void SettingsPlan::want(ControlSetting setting)
     if (control.kind == SettingKind::radio && setting.on) {
         for (const ControlSpec* mate : radioGroup(control)) {
             if (mate != &control) {
-                wanted_[mate->id] = ControlSetting{mate, {}, false};
+                wanted_[mate->id] = ControlSetting{mate, {}, false, setting.where};
             }
         }
     }
@@ -248,6 +276,7 @@ void SettingsPlan::addAssignment(std::string_view assignment)
 
 std::vector<ControlSetting> SettingsPlan::inDialogOrder() const
 {
+    checkRadioGroups();
     std::vector<ControlSetting> ordered;
     for (const ControlSpec& c : cylinder_controls()) {
         if (auto it = wanted_.find(c.id); it != wanted_.end()) {

@@ -19,6 +19,7 @@ struct ControlSetting {
     const ControlSpec* control = nullptr;
     std::string text;
     bool on = false;
+    std::string where;  // where it was asked for, for messages: "--set ..." or "FILE: settings.NAME"
 };
 
 class SettingsPlan {
@@ -27,11 +28,13 @@ public:
     void addSceneSettings(const nlohmann::json& settings, const std::string& where);
     // One --set NAME=VALUE; later assignments win. Turning a radio on wants its group mates off.
     void addAssignment(std::string_view assignment);
-    // The wanted states in the dialog's creation order (top of the dialog first).
+    // The wanted states in the dialog's creation order (top of the dialog first). Throws
+    // AppError when a radio group would be left with none on.
     std::vector<ControlSetting> inDialogOrder() const;
 
 private:
     void want(ControlSetting setting);
+    void checkRadioGroups() const;
     std::map<ADMInt32, ControlSetting> wanted_;
 };
 
@@ -43,5 +46,7 @@ std::vector<const ControlSpec*> radioGroup(const ControlSpec& radio);
 std::string valueControlNames();
 // A JSON number as the text a user would type: integers plainly, others in shortest round-trip form.
 std::string numberText(double value);
+// "on", "off", or the typed text: a wanted state as the user gave it.
+std::string shownValue(const ControlSetting& setting);
 
 }  // namespace app

@@ -1,8 +1,8 @@
 #include "app/dialog_controls.h"
 
 #include "app/app_error.h"
+#include "app/field_reading.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <functional>
@@ -15,14 +15,15 @@ namespace {
 using Action = std::function<platform::Outcome(platform::Force)>;
 
 // Acts as a user first; only what the dialog hides or greys out is forced.
-void act(const ControlSpec& control, const Action& action, const char* what)
+void act(const ControlSetting& setting, const Action& action, const char* what)
 {
+    const ControlSpec& control = *setting.control;
     platform::Outcome outcome = action(platform::Force::no);
     if (outcome.refused == platform::kDriverControlHidden || outcome.refused == platform::kDriverControlDisabled) {
         outcome = action(platform::Force::yes);
     }
     if (!outcome.ok()) {
-        throw AppError(std::string("cannot ") + what + " " + control.name + ": " +
+        throw AppError(setting.where + ": cannot " + what + " " + control.name + ": " +
                        platform::describeStatus(outcome.refused));
     }
 }
@@ -31,7 +32,7 @@ ControlRef findControl(const DialogView& dialog, const ControlSpec& control)
 {
     ControlRef ref = dialog.control(control.id);
     if (ref == nullptr) {
-        throw AppError(std::string("the dialog has no control ") + control.name);
+        throw HostFailure(std::string("the dialog has no control ") + control.name);
     }
     return ref;
 }
@@ -43,14 +44,14 @@ void setControl(const DialogView& dialog, const ControlSetting& setting)
     const ControlSpec& control = *setting.control;
     ControlRef ref = findControl(dialog, control);
     if (control.kind == SettingKind::edit) {
-        act(control, [&](platform::Force f) { return platform::typeText(ref, setting.text, f); }, "type into");
+        act(setting, [&](platform::Force f) { return platform::typeText(ref, setting.text, f); }, "type into");
         return;
     }
     // A radio wanted off is left alone: choosing another of its group turns it off.
     const bool click_needed = setting.on && !isOn(ref);
     const bool uncheck_needed = control.kind == SettingKind::check_box && !setting.on && isOn(ref);
     if (click_needed || uncheck_needed) {
-        act(control, [&](platform::Force f) { return platform::click(ref, f); }, "click");
+        act(setting, [&](platform::Force f) { return platform::click(ref, f); }, "click");
     }
 }
 
@@ -60,14 +61,14 @@ void checkControl(const DialogView& dialog, const ControlSetting& setting)
     ControlRef ref = findControl(dialog, control);
     if (control.kind == SettingKind::edit) {
         if (platform::controlText(ref) != setting.text) {
-            throw AppError(std::string(control.name) + " holds \"" + platform::controlText(ref) + "\", not \"" +
-                           setting.text + "\"");
+            throw AppError(setting.where + ": " + control.name + " holds \"" + platform::controlText(ref) +
+                           "\", not \"" + setting.text + "\"");
         }
         return;
     }
     if (isOn(ref) != setting.on) {
-        std::string message = std::string(control.name) + " is " + (isOn(ref) ? "on" : "off") + " after setting it " +
-                              (setting.on ? "on" : "off");
+        std::string message = setting.where + ": " + control.name + " is " + (isOn(ref) ? "on" : "off") +
+                              " after setting it " + (setting.on ? "on" : "off");
         if (control.kind == SettingKind::radio) {
             message += ": a radio button goes off only when another of its group is turned on";
         }
@@ -75,14 +76,15 @@ void checkControl(const DialogView& dialog, const ControlSetting& setting)
     }
 }
 
+// The number a text holds and nothing else (blanks around it aside).
 std::optional<double> wholeNumber(const std::string& text)
 {
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (text.empty() || error != std::errc() || end != text.data() + text.size() || !std::isfinite(value)) {
+    const std::optional<NumberInText> number = leadingNumber(text);
+    if (!number || !std::isfinite(number->value) ||
+        text.find_first_not_of(" \t\n\v\f\r", number->length) != std::string::npos) {
         return std::nullopt;
     }
-    return value;
+    return number->value;
 }
 
 nlohmann::json editValue(ControlRef ref)
@@ -118,9 +120,24 @@ void pressButton(const DialogView& dialog, const ControlSpec& button)
     ControlRef ref = findControl(dialog, button);
     const platform::Outcome outcome = platform::click(ref);
     if (!outcome.ok()) {
-        throw AppError(std::string("cannot press \"") + button.label + "\": " +
+        throw HostFailure(std::string("cannot press \"") + button.label + "\": " +
                        platform::describeStatus(outcome.refused));
     }
+}
+
+std::vector<ControlState> controlStates(const DialogView& dialog)
+{
+    std::vector<ControlState> states;
+    for (const ControlSpec& control : cylinder_controls()) {
+        ControlRef ref = holdsValue(control) ? dialog.control(control.id) : nullptr;
+        if (ref == nullptr) {
+            continue;
+        }
+        const bool edit = control.kind == SettingKind::edit;
+        states.push_back(ControlState{&control, IsControlEnabled(ref) != 0, !edit && isOn(ref),
+                                      edit ? platform::controlText(ref) : std::string()});
+    }
+    return states;
 }
 
 nlohmann::json readControls(const DialogView& dialog)

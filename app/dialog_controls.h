@@ -16,11 +16,22 @@ namespace app {
 // Afterwards every wanted state is checked; a control that does not hold it is an AppError.
 void setControls(const DialogView& dialog, const std::vector<ControlSetting>& settings);
 
-// Presses a push button; throws AppError when the window system refuses.
+// Presses a push button; throws HostFailure when the window system refuses.
 void pressButton(const DialogView& dialog, const ControlSpec& button);
 
 // Every named control that holds a value, as the dialog holds it: edits as numbers (the text
 // when it is not one), check boxes and radios as booleans.
 nlohmann::json readControls(const DialogView& dialog);
+
+// What the window system shows of a control that holds a value.
+struct ControlState {
+    const ControlSpec* control = nullptr;
+    bool enabled = false;  // greyed out when false
+    bool on = false;       // check boxes and radios
+    std::string text;      // edit fields
+};
+
+// Every control that holds a value, in the dialog's order.
+std::vector<ControlState> controlStates(const DialogView& dialog);
 
 }  // namespace app

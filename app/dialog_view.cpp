@@ -17,7 +17,7 @@ DialogView DialogView::find(const host::Host& host)
     }
     view.window_ = platform::findWindowByTitle(kProductName);
     if (view.window_ == nullptr) {
-        throw AppError(std::string("the plug-in opened no \"") + kProductName + "\" window or panel");
+        throw HostFailure(std::string("the plug-in opened no \"") + kProductName + "\" window or panel");
     }
     return view;
 }

@@ -11,7 +11,7 @@ namespace app {
 
 class DialogView {
 public:
-    // Finds the open dialog; throws AppError when the plug-in opened none.
+    // Finds the open dialog; throws HostFailure when the plug-in opened none.
     static DialogView find(const host::Host& host);
 
     ControlRef control(SInt32 id) const;

@@ -1,21 +1,24 @@
-// The report printed after a run: one row per layer of the composition, then the host's reports.
+// The table printed after a run: one row per layer of the composition.
 #pragma once
 
-#include "host/host.h"
 #include "host/project.h"
 
 #include <string>
+#include <vector>
 
 namespace app {
 
 // What the run did to a layer, judged against the project before the run.
 std::string layerChange(const host::Project& before, const host::Layer& layer);
 
-// The table of the active composition's layers (number, name, type, position, orientation,
-// scale, keyframe counts, what the run did).
-std::string layerTable(const host::Project& before, const host::Project& after);
+// A value in at most ten characters: one decimal while that fits, else exponent form.
+std::string tableNumber(double value);
 
-// The host's report messages and the exceptions it stopped, one per line; empty when none.
-std::string hostReports(const host::Host& host);
+// The table of the active composition's layers (number, name, type, position, orientation,
+// scale, keyframe counts, what the run did, "not reached" for the layers in `not_reached`).
+// Names are escaped and padded by the columns they take on a terminal; numbers line up in their
+// columns.
+std::string layerTable(const host::Project& before, const host::Project& after,
+                       const std::vector<host::Id>& not_reached = {});
 
 }  // namespace app

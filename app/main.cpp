@@ -1,8 +1,10 @@
 // orbisett-host: runs the plug-in in the host stand-in on a scene, as a user would, and reports.
 #include "app/app_error.h"
+#include "app/control_list.h"
 #include "app/layer_table.h"
 #include "app/options.h"
-#include "app/output_files.h"
+#include "app/run_outputs.h"
+#include "app/run_report.h"
 #include "app/session.h"
 
 #include <iostream>
@@ -10,6 +12,38 @@
 #ifndef ORBISETT_PLUGIN_PATH
 #define ORBISETT_PLUGIN_PATH ""
 #endif
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kBadInput = 2;
+constexpr int kFailure = 3;
+
+int run(const app::Options& options)
+{
+    const app::SessionResult result = app::runSession(options);
+    const app::RunOutcome outcome = app::readRunOutcome(result.before, *result.host, result.settings);
+    const app::RunReport report = app::describeRun(result, outcome);
+    const int status = report.failures.empty() ? kDone : kFailure;
+    // Every file first: when one cannot be written, nothing is, and nothing is printed but why.
+    app::writeAll(app::outputFiles(options, result, outcome, app::summaryJson(report, status)));
+
+    const bool scene_to_stdout = options.out == app::kStandardStream;
+    if (!options.quiet) {
+        std::ostream& table = scene_to_stdout ? std::cerr : std::cout;
+        table << app::layerTable(result.before, result.host->project(), outcome.not_reached)
+              << app::summaryText(report);
+    }
+    if (scene_to_stdout) {
+        std::cout << app::sceneAfter(result) << std::flush;
+    }
+    for (const std::string& failure : report.failures) {
+        std::cerr << "orbisett-host: " << failure << "\n";
+    }
+    return status;
+}
+
+}  // namespace
 
 int main(int argc, char** argv)
 {
@@ -19,17 +53,20 @@ int main(int argc, char** argv)
         (parse_exit.to_error ? std::cerr : std::cout) << parse_exit.text;
         return parse_exit.status;
     }
+    if (options->list_controls) {
+        std::cout << app::controlList();
+        return kDone;
+    }
     try {
-        const app::SessionResult result = app::runSession(*options);
-        app::writeOutputs(*options, result);
-        std::cout << app::layerTable(result.before, result.host->project());
-        if (result.undo_asked) {
-            std::cout << (result.undone ? "Undone: one step.\n" : "Undo: nothing to undo.\n");
-        }
-        std::cout << app::hostReports(*result.host);
-        return 0;
+        return run(*options);
     } catch (const app::AppError& e) {
         std::cerr << "orbisett-host: " << e.what() << "\n";
-        return 2;
+        return kBadInput;
+    } catch (const app::HostFailure& e) {
+        std::cerr << "orbisett-host: " << e.what() << "\n";
+        for (const std::string& report : e.reports) {
+            std::cerr << "orbisett-host: " << report << "\n";
+        }
+        return kFailure;
     }
 }

@@ -1,12 +1,22 @@
-// The files a run writes: the scene after the run, the preview picture, the dialog picture.
+// The files a run writes, all or nothing: each is written beside its final name first and moved
+// into place only when every one of them was written.
 #pragma once
 
-#include "app/options.h"
-#include "app/session.h"
+#include <string>
+#include <vector>
 
 namespace app {
 
-// Makes every requested text first, then writes them; throws AppError when a file cannot be written.
-void writeOutputs(const Options& options, const SessionResult& result);
+struct OutputFile {
+    std::string option;  // "--out", "--preview", ... for messages
+    std::string path;
+    std::string bytes;
+};
+
+// Writes every file to a temporary file in its folder, then renames them into place; a device or
+// a pipe named as an output is written to once every file is ready. On any failure nothing is
+// replaced, the temporary files are removed, and AppError names the option, the file and the
+// system's reason.
+void writeAll(const std::vector<OutputFile>& files);
 
 }  // namespace app

@@ -1,38 +1,34 @@
 #include "app/session.h"
 
 #include "app/app_error.h"
-#include "app/control_settings.h"
 #include "app/demo_scene.h"
-#include "app/dialog_controls.h"
 #include "app/dialog_view.h"
 #include "cylinder/settings_table.h"
 
 #include <filesystem>
+#include <iostream>
+#include <iterator>
 
 namespace app {
 
 namespace {
 
-SettingsPlan planSettings(const host::Scene& scene, const Options& options)
+std::string sceneName(const Options& options)
+{
+    if (!options.scene) {
+        return "the demo scene";
+    }
+    return *options.scene == kStandardStream ? "standard input" : *options.scene;
+}
+
+std::vector<ControlSetting> planSettings(const host::Scene& scene, const Options& options)
 {
     SettingsPlan plan;
-    plan.addSceneSettings(scene.settings, options.scene ? *options.scene : std::string("the demo scene"));
+    plan.addSceneSettings(scene.settings, sceneName(options));
     for (const std::string& assignment : options.sets) {
         plan.addAssignment(assignment);
     }
-    return plan;
-}
-
-std::string reportsText(const host::Host& host)
-{
-    std::string text;
-    for (const host::Report& report : host.reports()) {
-        text += " \"" + report.text + "\"";
-    }
-    for (const host::EscapedException& escaped : host.escapedExceptions()) {
-        text += " (exception from the " + escaped.hook + ": " + escaped.what + ")";
-    }
-    return text;
+    return plan.inDialogOrder();
 }
 
 void startPlugin(host::Host& host, const std::string& path)
@@ -41,42 +37,91 @@ void startPlugin(host::Host& host, const std::string& path)
         throw AppError("no plug-in module: give one with --plugin PATH");
     }
     if (!std::filesystem::exists(path)) {
-        throw AppError("cannot load the plug-in module " + path + ": no such file");
+        throw AppError("--plugin " + path + ": no such file");
     }
     const A_Err err = host.loadPlugin(path);
     if (!host.loaderError().empty()) {
-        throw AppError("cannot load the plug-in module " + path + ": " + host.loaderError());
+        throw AppError("--plugin " + path + ": cannot load the module: " + host.loaderError());
     }
     if (err != A_Err_NONE || !host.escapedExceptions().empty()) {
-        throw AppError("the plug-in's start-up failed with error " + std::to_string(err) + reportsText(host));
+        throw HostFailure("the plug-in's start-up failed with error " + std::to_string(err), hostReports(host));
     }
 }
 
-void openDialog(host::Host& host)
+void openDialog(host::Host& host, const std::string& scene)
 {
     const host::MenuItem* item = host.findMenuItem(kProductName);
     if (item == nullptr) {
-        throw AppError(std::string("the plug-in added no \"") + kProductName + "\" menu item");
+        throw HostFailure(std::string("the plug-in added no \"") + kProductName + "\" menu item", hostReports(host));
     }
     host.updateMenus();
     if (!host.findMenuItem(kProductName)->enabled) {
-        throw AppError(std::string("the \"") + kProductName +
+        throw AppError(scene + ": the \"" + kProductName +
                        "\" menu item is disabled: the selection holds no 3D footage, text or shape layer");
     }
     const A_Err err = host.chooseMenuItem(kProductName);
     if (err != A_Err_NONE) {
-        throw AppError(std::string("choosing \"") + kProductName + "\" failed with error " + std::to_string(err) +
-                       reportsText(host));
+        throw HostFailure(std::string("choosing \"") + kProductName + "\" failed with error " + std::to_string(err),
+                          hostReports(host));
     }
     host.idle();
 }
 
+std::size_t countCopies(host::Project& project)
+{
+    const host::Comp* comp = project.activeComp();
+    if (comp == nullptr) {
+        return 0;
+    }
+    return static_cast<std::size_t>(
+        std::count_if(comp->layers.begin(), comp->layers.end(), [](const host::Layer& l) { return l.copy_of != 0; }));
+}
+
+ApplyFacts pressApply(host::Host& host, const DialogView& dialog)
+{
+    const std::size_t refused_before = host.refusedCalls().size();
+    const std::size_t commands_before = host.commandLog().size();
+    const int duplicates_before = host.callCount("AEGP_DuplicateLayer");
+    pressButton(dialog, *find_control(BUTTON_APPLY));
+
+    ApplyFacts facts;
+    facts.pressed = true;
+    facts.refused.assign(host.refusedCalls().begin() + static_cast<std::ptrdiff_t>(refused_before),
+                         host.refusedCalls().end());
+    host.idle();
+    facts.copies = countCopies(host.project());
+    facts.duplicate_calls = host.callCount("AEGP_DuplicateLayer") - duplicates_before;
+    for (std::size_t i = commands_before; i < host.commandLog().size(); ++i) {
+        facts.duplicate_commands += host.commandLog()[i].command == AEGP_Command_DUPLICATE ? 1 : 0;
+    }
+    return facts;
+}
+
 }  // namespace
+
+std::vector<std::string> hostReports(const host::Host& host)
+{
+    std::vector<std::string> lines;
+    for (const host::Report& report : host.reports()) {
+        lines.push_back("the host reported: " + report.text);
+    }
+    for (const host::EscapedException& escaped : host.escapedExceptions()) {
+        lines.push_back("the host stopped an exception from the plug-in's " + escaped.hook + " hook: " + escaped.what);
+    }
+    return lines;
+}
 
 host::Scene loadScene(const Options& options)
 {
     try {
-        return options.scene ? host::readSceneFile(*options.scene) : demoScene();
+        if (!options.scene) {
+            return demoScene();
+        }
+        if (*options.scene == kStandardStream) {
+            const std::string text{std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
+            return host::parseScene(text, sceneName(options));
+        }
+        return host::readSceneFile(*options.scene);
     } catch (const host::SceneError& e) {
         throw AppError(e.what());
     }
@@ -85,9 +130,9 @@ host::Scene loadScene(const Options& options)
 SessionResult runSession(const Options& options)
 {
     host::Scene scene = loadScene(options);
-    const std::vector<ControlSetting> settings = planSettings(scene, options).inDialogOrder();
-
     SessionResult result;
+    result.asked = planSettings(scene, options);
+
     result.host = std::make_unique<host::Host>();
     host::Host& host = *result.host;
     host::applyScene(host, std::move(scene));
@@ -96,13 +141,14 @@ SessionResult runSession(const Options& options)
     result.before = host.project();
 
     startPlugin(host, options.plugin);
-    openDialog(host);
+    openDialog(host, sceneName(options));
     const DialogView dialog = DialogView::find(host);
-    setControls(dialog, settings);
+    setControls(dialog, result.asked);
     if (!options.no_apply) {
-        pressButton(dialog, *find_control(BUTTON_APPLY));
-        host.idle();
+        result.apply = pressApply(host, dialog);
     }
+    result.controls = controlStates(dialog);
+    result.dialog_enabled = IsControlEnabled(dialog.control(BUTTON_APPLY)) != 0;
     result.settings = readControls(dialog);
     result.dialog_svg = dialog.svg();
     if (options.undo) {

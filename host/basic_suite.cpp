@@ -5,18 +5,22 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 namespace host {
 
 namespace detail {
 
-const void* suiteTable(std::string_view name, int32_t version) {
-    struct Entry {
-        std::string_view name;
-        int32_t version;
-        const void* table;
-    };
-    const Entry entries[] = {
+namespace {
+
+struct SuiteEntry {
+    std::string_view name;
+    int32_t version;
+    const void* table;
+};
+
+const std::vector<SuiteEntry>& servedSuites() {
+    static const std::vector<SuiteEntry> entries = {
         {kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1, registerSuite1()},
         {kAEGPCommandSuite, kAEGPCommandSuiteVersion1, commandSuite1()},
         {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3, utilitySuite3()},
@@ -31,12 +35,26 @@ const void* suiteTable(std::string_view name, int32_t version) {
         {kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1, panelSuite1()},
         {kPFAppSuite, kPFAppSuiteVersion2, appSuite2()},
     };
-    for (const Entry& e : entries) {
+    return entries;
+}
+
+}  // namespace
+
+const void* suiteTable(std::string_view name, int32_t version) {
+    for (const SuiteEntry& e : servedSuites()) {
         if (e.name == name && e.version == version) {
             return e.table;
         }
     }
     return nullptr;
+}
+
+std::vector<std::string> suiteKeys() {
+    std::vector<std::string> keys;
+    for (const SuiteEntry& e : servedSuites()) {
+        keys.push_back(suiteKey(e.name, e.version));
+    }
+    return keys;
 }
 
 namespace {
@@ -53,6 +71,7 @@ SPErr acquireSuite(const char* name, int32_t version, const void** suite) {
     const std::string key = suiteKey(name, version);
     const void* table = suiteTable(name, version);
     if (table == nullptr || s->withheld.count(key) != 0) {
+        s->refused.push_back(RefusedCall{"AcquireSuite " + key, A_Err_MISSING_SUITE});
         return A_Err_MISSING_SUITE;
     }
     ++s->suite_counts[key].acquired;

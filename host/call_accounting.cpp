@@ -23,6 +23,7 @@ State* enter(const char* function, A_Err& err) {
     }
     if (fault != A_Err_NONE) {
         s.failed.emplace_back(function);
+        s.refused.push_back(RefusedCall{function, fault});
         err = fault;
         return nullptr;
     }
@@ -60,6 +61,8 @@ void Host::clearFaults() {
 }
 
 std::vector<std::string> Host::failedCalls() const { return state_->failed; }
+
+const std::vector<RefusedCall>& Host::refusedCalls() const { return state_->refused; }
 
 std::size_t Host::openCollections() const { return state_->collections.size(); }
 

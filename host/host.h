@@ -41,6 +41,13 @@ struct Report {
     std::string text;
 };
 
+// A call the host answered with an error of its own: a suite it does not offer (or withholds)
+// asked for, or a call made to fail. What a real host's log would show.
+struct RefusedCall {
+    std::string call;  // the function, or "AcquireSuite" with the suite, e.g. "AcquireSuite AEGP Stream Suite/4"
+    A_Err err = A_Err_NONE;
+};
+
 // A C++ exception that came out of a plug-in hook or entry point and was stopped by the host.
 struct EscapedException {
     std::string hook;  // "command", "update menu", "idle", "death", "create panel", "entry"
@@ -111,6 +118,8 @@ public:
     void clearFaults();
     // Names of the calls that were made to fail, in order.
     std::vector<std::string> failedCalls() const;
+    // Those calls and the suites refused on acquire, in order.
+    const std::vector<RefusedCall>& refusedCalls() const;
 
     // ---- Handles ----------------------------------------------------------------------
     std::size_t openCollections() const;
@@ -153,6 +162,7 @@ public:
     const std::vector<CommandRecord>& commandLog() const;
     // Calls every idle hook `times` times.
     void idle(int times = 1);
+    // The plug-ins' reports, and the alert the host gives when a command hook returns an error.
     const std::vector<Report>& reports() const;
     const std::vector<EscapedException>& escapedExceptions() const;
     std::size_t hookCount() const;  // command, update-menu, idle, death and panel hooks

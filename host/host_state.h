@@ -112,6 +112,7 @@ struct State {
     A_Err fail_nth_err = A_Err_NONE;
     std::map<std::string, A_Err, std::less<>> fail_functions;
     std::vector<std::string> failed;
+    std::vector<RefusedCall> refused;
 
     // Objects the plug-in owns.
     std::map<Id, Stream> streams;
@@ -189,5 +190,7 @@ A_Err togglePanel(State& s, Panel& panel);
 
 // Suite tables, by name and version; null for a suite the host does not have.
 const void* suiteTable(std::string_view name, int32_t version);
+// Every suite the host has, as "Name/version", in the order it lists them.
+std::vector<std::string> suiteKeys();
 
 }  // namespace host::detail

@@ -3,6 +3,7 @@
 #include "host/host_state.h"
 
 #include <algorithm>
+#include <string>
 
 namespace host {
 
@@ -18,7 +19,12 @@ void renumber(std::vector<MenuItem>& items) {
     }
 }
 
-void runCommandHooks(State& s, AEGP_Command command, AEGP_HookPriority priority, bool& handled, A_Err& first_err) {
+struct HookError {
+    A_Err err = A_Err_NONE;
+    AEGP_PluginID plugin = 0;
+};
+
+void runCommandHooks(State& s, AEGP_Command command, AEGP_HookPriority priority, bool& handled, HookError& first) {
     const std::vector<CommandHookEntry> hooks = s.command_hooks;  // hooks may register hooks
     for (const CommandHookEntry& h : hooks) {
         if (h.priority != priority || (h.command != command && h.command != 0)) {
@@ -28,8 +34,8 @@ void runCommandHooks(State& s, AEGP_Command command, AEGP_HookPriority priority,
         const A_Err err = callHook(s, "command", [&] {
             return h.hook(refconOf(s, h.plugin), h.refcon, command, priority, handled ? 1 : 0, &out);
         });
-        if (err != A_Err_NONE && first_err == A_Err_NONE) {
-            first_err = err;
+        if (err != A_Err_NONE && first.err == A_Err_NONE) {
+            first = HookError{err, h.plugin};
         }
         // Once a hook has handled the command it stays handled.
         handled = handled || out != 0;
@@ -43,6 +49,13 @@ bool hostHandles(State& s, AEGP_Command command) {
         return true;
     }
     return false;
+}
+
+// What the host tells the user when a command's hook returns an error.
+std::string commandFailure(State& s, AEGP_Command command, A_Err err) {
+    const MenuItem* item = findItem(s, command);
+    const std::string name = item != nullptr ? "\"" + item->text + "\"" : "command " + std::to_string(command);
+    return "The command " + name + " failed: error " + std::to_string(err) + ".";
 }
 
 }  // namespace
@@ -102,17 +115,19 @@ A_Err dispatchCommand(State& s, AEGP_Command command) {
     CommandRecord record;
     record.command = command;
     bool handled = false;
-    A_Err first_err = A_Err_NONE;
-    runCommandHooks(s, command, AEGP_HP_BeforeAE, handled, first_err);
+    HookError first;
+    runCommandHooks(s, command, AEGP_HP_BeforeAE, handled, first);
     if (!handled && hostHandles(s, command)) {
         handled = true;
         record.handled_by_host = true;
     }
-    runCommandHooks(s, command, AEGP_HP_AfterAE, handled, first_err);
+    runCommandHooks(s, command, AEGP_HP_AfterAE, handled, first);
     record.handled = handled;
     s.command_log.push_back(record);
-    if (first_err != A_Err_NONE) {
-        return first_err;
+    if (first.err != A_Err_NONE) {
+        // A real host shows an alert; here it is kept with the plug-in's own reports.
+        s.reports.push_back(Report{first.plugin, commandFailure(s, command, first.err)});
+        return first.err;
     }
     return handled ? A_Err_NONE : A_Err_PARAMETER;
 }

@@ -1,11 +1,13 @@
 // Reading scene files. Everything is checked before anything is used, and every refusal
 // names the file, the JSON path of the place and what is wrong there.
 #include "host/scene_file.h"
+#include "host/host_state.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <limits>
 #include <set>
@@ -44,6 +46,61 @@ std::string plainMessage(const char* what) {
     }
     return text;
 }
+
+// Walks a text with the parser's events only to name the place where it stops: the JSON path of
+// the value it was reading. The library says where a syntax error is, but not where a number
+// overflows.
+class PlaceFinder {
+public:
+    std::string place;
+
+    bool null() { return value(); }
+    bool boolean(bool) { return value(); }
+    bool number_integer(json::number_integer_t) { return value(); }
+    bool number_unsigned(json::number_unsigned_t) { return value(); }
+    bool number_float(json::number_float_t, const std::string&) { return value(); }
+    bool string(std::string&) { return value(); }
+    bool binary(json::binary_t&) { return value(); }
+    bool start_object(std::size_t) { return open(false); }
+    bool start_array(std::size_t) { return open(true); }
+    bool end_object() { return close(); }
+    bool end_array() { return close(); }
+    bool key(std::string& key) {
+        frames_.back().key = key;
+        return true;
+    }
+    bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) {
+        place = "$";
+        for (const Frame& f : frames_) {
+            place += f.array ? "[" + std::to_string(f.index) + "]" : "." + f.key;
+        }
+        return false;
+    }
+
+private:
+    struct Frame {
+        bool array = false;
+        std::size_t index = 0;  // of the element being read
+        std::string key;        // of the member being read
+    };
+
+    bool value() {
+        if (!frames_.empty() && frames_.back().array) {
+            ++frames_.back().index;
+        }
+        return true;
+    }
+    bool open(bool array) {
+        frames_.push_back(Frame{array, 0, {}});
+        return true;
+    }
+    bool close() {
+        frames_.pop_back();
+        return value();
+    }
+
+    std::vector<Frame> frames_;
+};
 
 class SceneReader {
 public:
@@ -93,7 +150,9 @@ private:
             throw SceneError(file_ + ": not valid JSON: " + plainMessage(e.what()));
         } catch (const json::exception& e) {
             // Number overflow: a number that is not finite once read.
-            throw SceneError(file_ + ": not a usable number: " + plainMessage(e.what()));
+            PlaceFinder finder;
+            json::sax_parse(text, &finder);
+            throw SceneError(file_ + ": at " + finder.place + ": not a usable number: " + plainMessage(e.what()));
         }
     }
 
@@ -131,6 +190,12 @@ private:
     }
 
     int64_t readInteger(const json& j, const std::string& path, int64_t low, int64_t high) const {
+        // Whole numbers beyond 64 bits are read as floating point: they are out of range, not
+        // of the wrong kind.
+        if (j.is_number_float() && std::fabs(j.get<double>()) >= 0x1p63) {
+            fail(path, j.get<double>() > 0 ? "must be at most " + std::to_string(high)
+                                           : (low >= 0 ? std::string("must not be negative") : "out of range"));
+        }
         if (!j.is_number_integer()) {
             fail(path, std::string("expected an integer, found ") + typeName(j));
         }
@@ -197,6 +262,13 @@ private:
                 std::istringstream digits(slash == std::string::npos ? std::string() : key.substr(slash + 1));
                 if (slash == 0 || slash == std::string::npos || !(digits >> version) || !digits.eof() || version < 1) {
                     fail(where, "expected \"Suite Name/version\", found \"" + key + "\"");
+                }
+                if (detail::suiteTable(key.substr(0, slash), version) == nullptr) {
+                    std::string served;
+                    for (const std::string& k : detail::suiteKeys()) {
+                        served += (served.empty() ? "" : ", ") + k;
+                    }
+                    fail(where, "the host has no suite \"" + key + "\" to withhold (it has " + served + ")");
                 }
                 scene.withhold.emplace_back(key.substr(0, slash), version);
             }
@@ -338,6 +410,10 @@ private:
 Scene parseScene(const std::string& text, const std::string& file_name) { return SceneReader(file_name).read(text); }
 
 Scene readSceneFile(const std::string& path) {
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) {
+        throw SceneError(path + ": is a folder, not a scene file");
+    }
     std::ifstream in(path, std::ios::binary);
     if (!in) {
         throw SceneError(path + ": cannot be read: " + std::strerror(errno));

@@ -1,5 +1,11 @@
-// Every kind of refusal: one message on standard error, exit status 2, no file written.
+// Exit statuses of the built tool: bad input (2) gives one message naming the file and place or
+// the option and writes nothing; a failure the plug-in or the host reported (3) is printed; and
+// outputs are all or nothing.
 #include "app_tool.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -10,92 +16,196 @@ using nlohmann::json;
 
 class Refusals : public apptest::ToolTest {
 protected:
-    // Runs with every output asked for and checks the refusal; returns the message.
-    std::string refused(std::vector<std::string> args)
+    // Runs with outputs asked for and checks the refusal; returns the message without its prefix.
+    std::string refused(std::vector<std::string> args, const std::string& input = "")
     {
-        for (const auto& [option, name] : {std::pair{"--out", "out.json"}, std::pair{"--preview", "preview.png"},
-                                           std::pair{"--dialog", "dialog.svg"}}) {
+        for (const auto& [option, name] : {std::pair{"--preview", "preview.png"}, std::pair{"--dialog", "dialog.svg"},
+                                           std::pair{"--json-report", "report.json"}}) {
             args.push_back(option);
             args.push_back(path(name));
         }
-        const apptest::ToolRun r = run(args);
-        EXPECT_EQ(r.status, 2);
+        const apptest::ToolRun r = run(args, input);
+        EXPECT_EQ(r.status, 2) << r.out << r.err;
         EXPECT_TRUE(r.out.empty()) << r.out;
         EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
         EXPECT_EQ(r.err.rfind("orbisett-host: ", 0), 0u) << r.err;
-        for (const char* name : {"out.json", "preview.png", "dialog.svg"}) {
+        for (const char* name : {"preview.png", "dialog.svg", "report.json"}) {
             EXPECT_FALSE(std::filesystem::exists(path(name))) << name;
         }
-        return r.err;
+        return r.err.substr(15, r.err.size() - 16);
+    }
+
+    std::string textFile(const std::string& name, const std::string& text)
+    {
+        std::ofstream(path(name)) << text;
+        return path(name);
     }
 
     std::string scene() { return writeScene("s.json", cardScene(2)); }
 };
 
-TEST_F(Refusals, UnknownControlListsTheValidNames)
+TEST_F(Refusals, SettingsThatDoNotFitTheirControl)
 {
-    const std::string message = refused({scene(), "--set", "EDIT_DIM_Q=4"});
-    EXPECT_NE(message.find("unknown control \"EDIT_DIM_Q\". Valid names: EDIT_DIM_X"), std::string::npos);
-}
-
-TEST_F(Refusals, ValuesThatDoNotFitTheControl)
-{
-    EXPECT_NE(refused({scene(), "--set", "CHECK_RANDOM_ORDER=maybe"}).find("takes on or off"), std::string::npos);
-    EXPECT_NE(refused({scene(), "--set", "EDIT_DIM_Y=tall"}).find("takes a number"), std::string::npos);
-    EXPECT_NE(refused({scene(), "--set", "RADIO_INWARD=off"}).find("cannot be turned off"), std::string::npos);
-    EXPECT_NE(refused({scene(), "--set", "STATIC_BOUNDING_BOX=x"}).find("holds no value"), std::string::npos);
-}
-
-TEST_F(Refusals, BadSettingsInTheScene)
-{
+    EXPECT_EQ(refused({scene(), "--set", "EDIT_DIM_Y=12mm"}),
+              "--set EDIT_DIM_Y=12mm: EDIT_DIM_Y is an edit field and takes a number alone, and the field would "
+              "ignore \"mm\" after \"12\"");
+    EXPECT_EQ(refused({scene(), "--set", "RADIO_INWARD=off"}).rfind("--set RADIO_INWARD=off: RADIO_INWARD is a radio "
+                                                                    "button and cannot be turned off",
+                                                                    0),
+              0u);
+    EXPECT_EQ(refused({scene(), "--set", "EDIT_DIM_Q=4"}).rfind("--set EDIT_DIM_Q=4: unknown control", 0), 0u);
     json s = cardScene(2);
-    s["settings"] = {{"CHECK_KEY_SCALE", 3.5}};
-    EXPECT_NE(refused({writeScene("bad.json", s)}).find("settings.CHECK_KEY_SCALE"), std::string::npos);
     s["settings"] = {{"RADIO_OUTWARD", false}};
-    // Off for every radio of the group cannot be: the run stops before "Apply".
-    EXPECT_NE(refused({writeScene("bad.json", s)}).find("RADIO_OUTWARD is on"), std::string::npos);
+    EXPECT_EQ(refused({writeScene("radios.json", s)}),
+              path("radios.json") + ": settings.RADIO_OUTWARD: RADIO_OUTWARD is off, but no other radio of its "
+                                    "group (RADIO_INWARD) is on, and a radio button goes off only when another one is "
+                                    "turned on");
 }
 
-TEST_F(Refusals, UnreadableAndInvalidScenes)
+TEST_F(Refusals, ScenesThatCannotBeUsedNameTheFileAndThePlace)
 {
-    EXPECT_NE(refused({path("missing.json")}).find("missing.json"), std::string::npos);
-    std::ofstream(path("broken.json")) << "{\"comp\": ";
-    EXPECT_NE(refused({path("broken.json")}).find("broken.json"), std::string::npos);
-    json s = cardScene(1);
-    s["layers"][0]["type"] = "hologram";
-    EXPECT_NE(refused({writeScene("odd.json", s)}).find("odd.json"), std::string::npos);
-}
-
-TEST_F(Refusals, MissingModule)
-{
-    EXPECT_NE(refused({scene(), "--plugin", path("nowhere.so")}).find("cannot load the plug-in module"),
-              std::string::npos);
-    std::ofstream(path("fake.so")) << "not a module";
-    EXPECT_NE(refused({scene(), "--plugin", path("fake.so")}).find("cannot load the plug-in module"),
-              std::string::npos);
-}
-
-TEST_F(Refusals, ModuleStartUpFails)
-{
+    EXPECT_EQ(refused({dir().string()}), dir().string() + ": is a folder, not a scene file");
+    EXPECT_EQ(refused({path("missing.json")}), path("missing.json") + ": cannot be read: No such file or directory");
+    EXPECT_EQ(refused({textFile("big.json", R"({"comp": {"name": "x", "width": 1e400, "height": 5}, "layers": []})")}),
+              path("big.json") + ": at $.comp.width: not a usable number: number overflow parsing '1e400'");
+    EXPECT_EQ(refused({textFile("int.json", R"({"comp": {"name": "x", "width": 123456789012345678901234567,
+                                                  "height": 5}, "layers": []})")}),
+              path("int.json") + ": at $.comp.width: must be at most 30000");
     json s = cardScene(2);
-    s["host"]["withhold"] = {"AEGP Register Suite/1"};
-    EXPECT_NE(refused({writeScene("old.json", s)}).find("the plug-in's start-up failed"), std::string::npos);
-}
-
-TEST_F(Refusals, NothingArrangeableSelected)
-{
-    json s = cardScene(2);
+    s["host"]["withhold"] = {"AEGP Layer Suite/11"};
+    EXPECT_EQ(refused({writeScene("old.json", s)}).rfind(
+                  path("old.json") + ": at $.host.withhold[0]: the host has no suite \"AEGP Layer Suite/11\" to "
+                                     "withhold (it has AEGP Register Suite/1, ",
+                  0),
+              0u);
+    EXPECT_EQ(refused({"-"}, "{\"comp\": "), "standard input: not valid JSON: parse error at line 1, column 10: "
+                                             "syntax error while parsing value - unexpected end of input; expected "
+                                             "'[', '{', or a literal");
     for (json& layer : s["layers"]) {
         layer["three_d"] = false;
     }
-    EXPECT_NE(refused({writeScene("flat.json", s)}).find("menu item is disabled"), std::string::npos);
+    s["host"].erase("withhold");
+    EXPECT_EQ(refused({writeScene("flat.json", s)}),
+              path("flat.json") + ": the \"Orbisett\" menu item is disabled: the selection holds no 3D footage, text "
+                                  "or shape layer");
 }
 
-TEST_F(Refusals, WrongCommandLine)
+TEST_F(Refusals, CommandLinesAndModules)
 {
-    const apptest::ToolRun r = run({"--frobnicate"});
-    EXPECT_EQ(r.status, 2);
-    EXPECT_NE(r.err.find("--frobnicate"), std::string::npos);
+    EXPECT_EQ(refused({"--out", path("a.json"), "--out", path("b.json")}),
+              "--out is given 2 times (" + path("a.json") + ", " + path("b.json") + "); give it once");
+    EXPECT_EQ(refused({"--set", "EDIT_DIM_X=1", "EDIT_DIM_Y=2"}),
+              "EDIT_DIM_Y=2: each setting needs its own --set (--set EDIT_DIM_Y=2); without it, it is taken as the "
+              "scene file");
+    EXPECT_EQ(refused({scene(), "--plugin", path("nowhere.so")}), "--plugin " + path("nowhere.so") + ": no such file");
+    EXPECT_EQ(refused({scene(), "--plugin", textFile("fake.so", "not a module")}).rfind(
+                  "--plugin " + path("fake.so") + ": cannot load the module: ", 0),
+              0u);
+}
+
+// Fails: a module whose start-up fails, and an "Apply" that stops at a suite the host withholds.
+class Failures : public apptest::ToolTest {};
+
+TEST_F(Failures, FailuresBeforeTheDialogIsUpArePrintedAndWriteNothing)
+{
+    const std::pair<const char*, std::string> cases[] = {
+        {"AEGP Register Suite/1",
+         "orbisett-host: the plug-in's start-up failed with error 1\n"
+         "orbisett-host: the host stopped an exception from the plug-in's entry hook: int 516\n"},
+        // The command hook's error is kept by the host as its alert.
+        {"AEGP Comp Suite/4", "orbisett-host: choosing \"Orbisett\" failed with error 516\n"
+                              "orbisett-host: the host reported: The command \"Orbisett\" failed: error 516.\n"},
+    };
+    for (const auto& [suite, message] : cases) {
+        json s = cardScene(2);
+        s["host"]["withhold"] = {suite};
+        const apptest::ToolRun r = run({writeScene("s.json", s), "--out", path("after.json")});
+        EXPECT_EQ(r.status, 3) << suite;
+        EXPECT_EQ(r.err, message);
+        EXPECT_TRUE(r.out.empty());
+        EXPECT_FALSE(std::filesystem::exists(path("after.json")));
+    }
+}
+
+TEST_F(Failures, AnApplyTheHostStopsIsReportedWithWhatItRefused)
+{
+    json s = cardScene(3);
+    s["host"]["withhold"] = {"AEGP Stream Suite/4"};
+    const apptest::ToolRun r = run({writeScene("s.json", s), "--out", path("after.json"), "--json-report",
+                                    path("report.json")});
+    EXPECT_EQ(r.status, 3);
+    EXPECT_EQ(r.err, "orbisett-host: \"Apply\" failed: the host refused AcquireSuite AEGP Stream Suite/4 (error 13); "
+                     "0 of 3 selected layers were written\n");
+    // The run is still described, and its files written: they show what the host was left with.
+    EXPECT_NE(r.out.find("Summary"), std::string::npos);
+    const json report = json::parse(apptest::readFile(path("report.json")));
+    EXPECT_EQ(report["status"], 3);
+    EXPECT_EQ(report["failures"].size(), 1u);
+    EXPECT_EQ(json::parse(apptest::readFile(path("after.json")))["layers"].size(), 3u);
+}
+
+class AllOrNothing : public apptest::ToolTest {
+protected:
+    std::string before = "{\"kept\": true}\n";
+    std::string keptFile(const std::string& name)
+    {
+        std::ofstream(path(name), std::ios::binary) << before;
+        return path(name);
+    }
+    std::vector<std::string> leftovers() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(dir())) {
+            if (entry.path().filename().string().front() == '.') {
+                names.push_back(entry.path().filename().string());
+            }
+        }
+        return names;
+    }
+};
+
+TEST_F(AllOrNothing, AFailingLaterOutputLeavesTheEarlierFileAsItWas)
+{
+    const std::string ok = keptFile("ok.json");
+    const std::string scene = writeScene("s.json", cardScene(2));
+    const apptest::ToolRun missing = run({scene, "--out", ok, "--preview", path("no/such/folder/p.svg")});
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_EQ(missing.err, "orbisett-host: --preview " + path("no/such/folder/p.svg") +
+                               ": cannot write: No such file or directory (the folder " + path("no/such/folder") +
+                               " does not exist)\n");
+    EXPECT_TRUE(missing.out.empty());
+    std::filesystem::create_directory(path("taken"));
+    const apptest::ToolRun folder = run({scene, "--out", ok, "--json-report", path("taken")});
+    EXPECT_EQ(folder.err, "orbisett-host: --json-report " + path("taken") + ": cannot write: it is a folder\n");
+    EXPECT_EQ(apptest::readFile(ok), before);
+    EXPECT_EQ(leftovers(), std::vector<std::string>{});
+    // With every output writable, all are replaced.
+    ASSERT_EQ(run({scene, "--out", ok, "--json-report", path("r.json")}).status, 0);
+    EXPECT_NE(apptest::readFile(ok), before);
+    EXPECT_TRUE(std::filesystem::exists(path("r.json")));
+    // A replaced file gets the rights of a new file, not those of the temporary one.
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    struct stat written {};
+    ASSERT_EQ(::stat(ok.c_str(), &written), 0);
+    EXPECT_EQ(written.st_mode & 0777, 0666 & ~mask);
+}
+
+TEST_F(AllOrNothing, APipeNamedAsAnOutputIsWrittenToNotReplaced)
+{
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    const int reader = ::open(path("pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    ASSERT_GE(reader, 0);
+    const apptest::ToolRun r = run({writeScene("s.json", cardScene(1)), "--json-report", path("pipe")});
+    EXPECT_EQ(r.status, 0) << r.err;
+    std::string received;
+    char buffer[4096];
+    for (ssize_t n; (n = ::read(reader, buffer, sizeof buffer)) > 0;) {
+        received.append(buffer, static_cast<std::size_t>(n));
+    }
+    ::close(reader);
+    EXPECT_TRUE(std::filesystem::is_fifo(path("pipe")));
+    EXPECT_NE(received.find("\"status\": 0"), std::string::npos) << received;
 }
 
 }  // namespace

@@ -1,10 +1,6 @@
-// The built tool's runs as a whole: undo, the written scene read back, the dialog picture.
+// The built tool's runs as a whole: undo, the written scene read back, standard input and output,
+// the dialog picture, the edit field's length limit, the list of controls.
 #include "app_tool.h"
-
-#include "cylinder/settings_table.h"
-
-#include <regex>
-#include <set>
 
 namespace {
 
@@ -20,7 +16,6 @@ TEST_F(Runs, UndoRestoresTheSceneAsItWasRead)
     ASSERT_EQ(untouched.status, 0) << untouched.err;
     const apptest::ToolRun undone = run({scene, "--set", "RADIO_INWARD=on", "--undo", "--out", path("undone.json")});
     ASSERT_EQ(undone.status, 0) << undone.err;
-    EXPECT_NE(undone.out.find("Undone: one step."), std::string::npos);
 
     const json before = json::parse(apptest::readFile(path("untouched.json")));
     const json after = json::parse(apptest::readFile(path("undone.json")));
@@ -53,64 +48,71 @@ TEST_F(Runs, WrittenSceneRunsAgainToTheSameScene)
     EXPECT_EQ(written["CHECK_USE_COMP_CENTER"], true);
 }
 
-// The dialog-manager identifiers of the controls drawn in a dialog picture.
-std::set<int> drawnIds(const std::string& svg)
+TEST_F(Runs, StandardInputAndOutput)
 {
-    std::set<int> ids;
-    const std::regex id("data-id=\"(-?[0-9]+)\"");
-    for (auto it = std::sregex_iterator(svg.begin(), svg.end(), id); it != std::sregex_iterator(); ++it) {
-        if (const int value = std::stoi((*it)[1]); value != 0) {
-            ids.insert(value);
-        }
-    }
-    return ids;
+    const std::string scene = cardScene(3).dump();
+    const apptest::ToolRun piped = run({"-", "--set", "RADIO_INWARD=on", "--out", "-"}, scene);
+    ASSERT_EQ(piped.status, 0) << piped.err;
+    // The scene alone on standard output; the table and the summary go to standard error.
+    EXPECT_EQ(piped.out.rfind("{", 0), 0u);
+    EXPECT_NE(piped.err.find("Composition \"Main\""), std::string::npos);
+    EXPECT_NE(piped.err.find("Summary\n"), std::string::npos);
+    const apptest::ToolRun filed =
+        run({writeScene("s.json", cardScene(3)), "--set", "RADIO_INWARD=on", "--out", path("after.json")});
+    EXPECT_EQ(piped.out, apptest::readFile(path("after.json")));
+    EXPECT_EQ(piped.err, filed.out);
 }
 
-std::set<int> shownIds()
+TEST_F(Runs, AnEditFieldReadsTheFirst127Characters)
 {
-    std::set<int> ids{STATIC_VERSION};
-    for (const ControlSpec& c : kCylinderControls) {
-        if (c.id != 0 && c.shown) {
-            ids.insert(c.id);
-        }
-    }
-    return ids;
+    // 127 characters are typed and read; at 128 the field would read nothing and keep its number.
+    const std::string scene = writeScene("s.json", cardScene(1));
+    const json fits = runForScene({scene, "--set", "EDIT_DIM_X=" + std::string(123, '0') + "1500"});
+    EXPECT_EQ(fits["settings"]["EDIT_DIM_X"], 1500);
+    const apptest::ToolRun longer = run({scene, "--set", "EDIT_DIM_X=" + std::string(124, '0') + "1500"});
+    EXPECT_EQ(longer.status, 2);
+    EXPECT_EQ(longer.err, "orbisett-host: --set EDIT_DIM_X=" + std::string(124, '0') +
+                              "1500: EDIT_DIM_X is an edit field, which reads only the first 127 characters of a "
+                              "number; this one has 128\n");
 }
 
-class DialogPicture : public apptest::ToolTest {
-protected:
-    std::string picture(bool panels, std::vector<std::string> sets)
-    {
-        std::vector<std::string> args{writeScene("s.json", cardScene(2, 200, 150, panels)), "--dialog", path("d.svg")};
-        args.insert(args.end(), sets.begin(), sets.end());
-        const apptest::ToolRun r = run(args);
-        EXPECT_EQ(r.status, 0) << r.err;
-        return apptest::readFile(path("d.svg"));
-    }
-};
-
-TEST_F(DialogPicture, WindowShowsExactlyTheVisibleControls)
+TEST_F(Runs, ListOfControls)
 {
-    // Hidden controls set by force stay hidden.
-    const std::string svg = picture(false, {"--set", "CHECK_DONT_INTERSECT=on", "--set", "EDIT_SPHERE_CENTER_X=10"});
-    EXPECT_EQ(drawnIds(svg), shownIds());
-    EXPECT_NE(svg.find(">Orbisett</text>"), std::string::npos);
-    EXPECT_NE(svg.find("Distribute Evenly"), std::string::npos);
-    EXPECT_EQ(svg.find("Don't Intersect"), std::string::npos);
-    EXPECT_EQ(svg.find("Cylinder Center"), std::string::npos);
+    const apptest::ToolRun r = run({"--list-controls"});
+    EXPECT_EQ(r.status, 0);
+    std::istringstream lines(r.out);
+    std::vector<std::string> rows;
+    for (std::string line; std::getline(lines, line);) {
+        rows.push_back(line);
+    }
+    ASSERT_EQ(rows.size(), 44u);  // a heading, 42 controls, a closing note
+    EXPECT_EQ(rows[0].rfind("name                       kind          value", 0), 0u) << rows[0];
+    EXPECT_EQ(rows[1], "EDIT_DIM_X                 edit field    0.1 to 1e+07, initially 1000          shown   "
+                       "cylinder width along X, \"Bounding Box\" X");
+    EXPECT_NE(r.out.find("\nEDIT_REPEAT_COUNT          edit field    whole number 1 to 10000, initially 1  shown"),
+              std::string::npos);
+    EXPECT_NE(r.out.find("\nRADIO_SECTOR               radio button  on, initially off                     hidden"),
+              std::string::npos);
 }
 
-TEST_F(DialogPicture, PanelShowsExactlyTheVisibleControls)
+class DialogPicture : public apptest::ToolTest {};
+
+TEST_F(DialogPicture, TheWindowOrThePanelAsTheRunLeftIt)
 {
-    const std::string svg = picture(true, {"--set", "CHECK_RANDOM_ORDER=on"});
-    EXPECT_EQ(drawnIds(svg), shownIds());
-    EXPECT_NE(svg.find("Random Order"), std::string::npos);
-    EXPECT_EQ(svg.find("Equator Only"), std::string::npos);
-    // The check box set on is drawn checked.
-    const std::size_t random = svg.find("data-id=\"521\"");
-    ASSERT_NE(random, std::string::npos);
-    EXPECT_NE(svg.find("data-value=\"1\"", random), std::string::npos);
-    EXPECT_LT(svg.find("data-value=\"1\"", random), svg.find("</g>", random));
+    for (const bool panels : {false, true}) {
+        const apptest::ToolRun r = run({writeScene("s.json", cardScene(2, 200, 150, panels)), "--set",
+                                        "CHECK_RANDOM_ORDER=on", "--set", "CHECK_DONT_INTERSECT=on", "--dialog",
+                                        path("d.svg")});
+        ASSERT_EQ(r.status, 0) << r.err;
+        const std::string svg = apptest::readFile(path("d.svg"));
+        // A window has its title drawn; a panel has none. Hidden controls set by force stay hidden.
+        EXPECT_EQ(svg.find(">Orbisett</text>") != std::string::npos, !panels);
+        EXPECT_EQ(svg.find("Don't Intersect"), std::string::npos);
+        // The check box set on is drawn checked.
+        const std::size_t random = svg.find("data-id=\"521\"");
+        ASSERT_NE(random, std::string::npos);
+        EXPECT_LT(svg.find("data-value=\"1\"", random), svg.find("</g>", random));
+    }
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// What --set and a scene's "settings" accept, and in which order the dialog gets them.
+// What --set and a scene's "settings" accept, in which order the dialog gets them, and what the
+// command line takes.
 #include "app/app_error.h"
 #include "app/control_settings.h"
 #include "app/options.h"
@@ -31,193 +32,174 @@ std::string errorOf(const std::vector<std::string>& assignments, const nlohmann:
     return "";
 }
 
-TEST(SetAssignments, EditsTakeNumbersAsTyped)
+std::string names(const std::vector<app::ControlSetting>& plan)
 {
-    const auto plan = planOf({"EDIT_DIM_X=1200", "EDIT_MIN_LONGITUDE=22.5", "EDIT_SPHERE_CENTER_Y=-1e3"});
-    ASSERT_EQ(plan.size(), 3u);
-    EXPECT_STREQ(plan[0].control->name, "EDIT_DIM_X");
-    EXPECT_EQ(plan[0].text, "1200");
-    EXPECT_STREQ(plan[1].control->name, "EDIT_SPHERE_CENTER_Y");
-    EXPECT_EQ(plan[1].text, "-1e3");
-    EXPECT_EQ(plan[2].text, "22.5");
-}
-
-TEST(SetAssignments, EditsRefuseWhatIsNotOneNumber)
-{
-    for (const char* bad : {"abc", "12mm", "", "inf", "nan", "+5", "1,5"}) {
-        const std::string message = errorOf({std::string("EDIT_DIM_X=") + bad});
-        EXPECT_NE(message.find("EDIT_DIM_X is an edit field and takes a number"), std::string::npos) << bad;
+    std::string out;
+    for (const app::ControlSetting& s : plan) {
+        out += std::string(s.control->name) + "=" + app::shownValue(s) + " ";
     }
+    return out;
 }
 
-TEST(SetAssignments, CheckBoxesTakeOnOrOff)
+TEST(SetAssignments, NumbersAreTakenAsAnEditFieldReadsThemAndTypedAsGiven)
 {
-    const auto plan = planOf({"CHECK_DISTRIBUTE_EVENLY=on", "CHECK_CROP_TEXT_LAYERS=OFF", "CHECK_KEY_SCALE=true"});
-    ASSERT_EQ(plan.size(), 3u);
-    EXPECT_TRUE(plan[0].on);
-    EXPECT_STREQ(plan[0].control->name, "CHECK_DISTRIBUTE_EVENLY");
-    EXPECT_TRUE(plan[1].on);
-    EXPECT_STREQ(plan[1].control->name, "CHECK_KEY_SCALE");
-    EXPECT_FALSE(plan[2].on);
-    EXPECT_NE(errorOf({"CHECK_KEY_SCALE=1200"}).find("CHECK_KEY_SCALE is a check box and takes on or off, not \"1200\""),
+    const auto plan = planOf({"EDIT_DIM_X=+30", "EDIT_DIM_Y= 12 ", "EDIT_MIN_LONGITUDE=22.5", "EDIT_SPHERE_CENTER_Y=-1e3",
+                              "EDIT_DIM_X=+31"});
+    EXPECT_EQ(names(plan), "EDIT_DIM_X=+31 EDIT_DIM_Y= 12  EDIT_SPHERE_CENTER_Y=-1e3 EDIT_MIN_LONGITUDE=22.5 ");
+    EXPECT_EQ(plan[0].where, "--set EDIT_DIM_X=+31");
+}
+
+TEST(SetAssignments, WhatIsNotOneNumberIsRefusedSayingWhy)
+{
+    for (const char* bad : {"abc", "", "nan", "-"}) {
+        EXPECT_EQ(errorOf({std::string("EDIT_DIM_X=") + bad}),
+                  std::string("--set EDIT_DIM_X=") + bad + ": EDIT_DIM_X is an edit field and takes a number, not \"" +
+                      bad + "\"")
+            << bad;
+    }
+    EXPECT_EQ(errorOf({"EDIT_DIM_X=12mm"}), "--set EDIT_DIM_X=12mm: EDIT_DIM_X is an edit field and takes a number "
+                                            "alone, and the field would ignore \"mm\" after \"12\"");
+    EXPECT_NE(errorOf({"EDIT_DIM_X=1,5"}).find("would ignore \",5\" after \"1\""), std::string::npos);
+}
+
+TEST(SetAssignments, SwitchesAndRadios)
+{
+    EXPECT_EQ(names(planOf({"CHECK_DISTRIBUTE_EVENLY=on", "CHECK_CROP_TEXT_LAYERS=OFF", "CHECK_KEY_SCALE=true",
+                            "RADIO_INWARD=on"})),
+              "CHECK_DISTRIBUTE_EVENLY=on RADIO_OUTWARD=off RADIO_INWARD=on CHECK_KEY_SCALE=on "
+              "CHECK_CROP_TEXT_LAYERS=off ");
+    EXPECT_EQ(errorOf({"CHECK_KEY_SCALE=1200"}),
+              "--set CHECK_KEY_SCALE=1200: CHECK_KEY_SCALE is a check box and takes on or off, not \"1200\"");
+    EXPECT_NE(errorOf({"RADIO_SECTOR=off"}).find("RADIO_SECTOR is a radio button and cannot be turned off; turn on "
+                                                 "another of its group instead (RADIO_WHOLE_CYLINDER, RADIO_EQUATOR_ONLY)"),
               std::string::npos);
-}
-
-TEST(SetAssignments, RadioOnWantsItsGroupMatesOff)
-{
-    const auto plan = planOf({"RADIO_INWARD=on"});
-    ASSERT_EQ(plan.size(), 2u);
-    EXPECT_STREQ(plan[0].control->name, "RADIO_OUTWARD");
-    EXPECT_FALSE(plan[0].on);
-    EXPECT_STREQ(plan[1].control->name, "RADIO_INWARD");
-    EXPECT_TRUE(plan[1].on);
-}
-
-TEST(SetAssignments, RadioOffIsRefusedNamingTheOthers)
-{
-    EXPECT_NE(errorOf({"RADIO_OUTWARD=off"}).find("RADIO_OUTWARD is a radio button and cannot be turned off; turn on "
-                                                  "another of its group instead (RADIO_INWARD)"),
-              std::string::npos);
-    EXPECT_NE(errorOf({"RADIO_SECTOR=off"}).find("(RADIO_WHOLE_CYLINDER, RADIO_EQUATOR_ONLY)"), std::string::npos);
-}
-
-TEST(SetAssignments, ControlsWithoutValuesAreRefused)
-{
     EXPECT_NE(errorOf({"STATIC_DIM_X=1"}).find("STATIC_DIM_X is a static text and holds no value"), std::string::npos);
-    EXPECT_NE(errorOf({"FRAME_ACTIVE_SURFACE=on"}).find("FRAME_ACTIVE_SURFACE is a frame and holds no value"),
-              std::string::npos);
     EXPECT_NE(errorOf({"BUTTON_APPLY=on"}).find("BUTTON_APPLY is a push button and holds no value"), std::string::npos);
 }
 
 TEST(SetAssignments, UnknownNamesListTheValidOnes)
 {
     const std::string message = errorOf({"EDIT_DIM_W=5"});
-    EXPECT_NE(message.find("--set EDIT_DIM_W=5: unknown control \"EDIT_DIM_W\". Valid names: EDIT_DIM_X, EDIT_DIM_Y"),
-              std::string::npos);
+    EXPECT_EQ(message.rfind("--set EDIT_DIM_W=5: unknown control \"EDIT_DIM_W\". Valid names: EDIT_DIM_X, EDIT_DIM_Y", 0),
+              0u);
     EXPECT_NE(message.find("CHECK_CROP_TEXT_LAYERS"), std::string::npos);
     EXPECT_EQ(message.find("STATIC_DIM_X"), std::string::npos);
-    EXPECT_NE(errorOf({"EDIT_DIM_X"}).find("expected NAME=VALUE"), std::string::npos);
+    EXPECT_EQ(errorOf({"EDIT_DIM_X"}), "--set EDIT_DIM_X: expected NAME=VALUE");
 }
 
-TEST(SetAssignments, LaterAssignmentsWin)
+TEST(SceneSettings, JsonValuesRadiosListedOffAndSetWinning)
 {
-    const auto plan = planOf({"EDIT_DIM_X=5", "EDIT_DIM_X=7"});
-    ASSERT_EQ(plan.size(), 1u);
-    EXPECT_EQ(plan[0].text, "7");
-}
-
-TEST(SceneSettings, ValuesAreTypedAsTheirJsonForm)
-{
-    const auto plan = planOf({}, {{"EDIT_DIM_X", 1600}, {"EDIT_DIM_Y", 0.1}, {"CHECK_RANDOM_ORDER", true},
-                                  {"EDIT_DIM_Z", "900"}, {"CHECK_KEY_POSITION", "on"}});
-    ASSERT_EQ(plan.size(), 5u);
-    EXPECT_EQ(plan[0].text, "1600");
-    EXPECT_EQ(plan[1].text, "0.1");
-    EXPECT_EQ(plan[2].text, "900");
-    EXPECT_TRUE(plan[3].on);
-    EXPECT_TRUE(plan[4].on);
-}
-
-TEST(SceneSettings, RadiosMayBeListedOffBesideTheOneThatIsOn)
-{
-    const auto plan = planOf({}, {{"RADIO_OUTWARD", false}, {"RADIO_INWARD", true}});
-    ASSERT_EQ(plan.size(), 2u);
-    EXPECT_FALSE(plan[0].on);
-    EXPECT_TRUE(plan[1].on);
-}
-
-TEST(SceneSettings, SetOverridesTheSceneAcrossARadioGroup)
-{
-    const auto plan = planOf({"RADIO_OUTWARD=on"}, {{"RADIO_OUTWARD", false}, {"RADIO_INWARD", true}});
-    ASSERT_EQ(plan.size(), 2u);
-    EXPECT_TRUE(plan[0].on);
-    EXPECT_FALSE(plan[1].on);
+    EXPECT_EQ(names(planOf({}, {{"EDIT_DIM_X", 1600}, {"EDIT_DIM_Y", 0.1}, {"CHECK_RANDOM_ORDER", true},
+                                {"EDIT_DIM_Z", "900"}, {"CHECK_KEY_POSITION", "on"}})),
+              "EDIT_DIM_X=1600 EDIT_DIM_Y=0.1 EDIT_DIM_Z=900 CHECK_RANDOM_ORDER=on CHECK_KEY_POSITION=on ");
+    EXPECT_EQ(names(planOf({"RADIO_OUTWARD=on"}, {{"RADIO_OUTWARD", false}, {"RADIO_INWARD", true}})),
+              "RADIO_OUTWARD=on RADIO_INWARD=off ");
+    // "Begin at" Left and Right start off together: both off is their state, not a contradiction.
+    EXPECT_EQ(names(planOf({}, {{"RADIO_BEGIN_LEFT", false}, {"RADIO_BEGIN_RIGHT", false}})),
+              "RADIO_BEGIN_RIGHT=off RADIO_BEGIN_LEFT=off ");
 }
 
 TEST(SceneSettings, ErrorsNameTheFileAndTheSetting)
 {
-    EXPECT_NE(errorOf({}, {{"RADIO_OUTWARD", true}, {"RADIO_INWARD", true}})
-                  .find("of the same radio group is on as well"),
-              std::string::npos);
-    EXPECT_NE(errorOf({}, {{"EDIT_DIM_X", true}}).find("scene.json: settings.EDIT_DIM_X: EDIT_DIM_X is an edit field"),
-              std::string::npos);
-    EXPECT_NE(errorOf({}, {{"NOPE", 1}}).find("scene.json: settings.NOPE: unknown control \"NOPE\""),
-              std::string::npos);
-    EXPECT_NE(errorOf({}, nlohmann::json::array()).find("scene.json: settings: expected an object"),
-              std::string::npos);
+    EXPECT_EQ(errorOf({}, {{"RADIO_OUTWARD", false}}),
+              "scene.json: settings.RADIO_OUTWARD: RADIO_OUTWARD is off, but no other radio of its group "
+              "(RADIO_INWARD) is on, and a radio button goes off only when another one is turned on");
+    EXPECT_EQ(errorOf({}, {{"RADIO_OUTWARD", true}, {"RADIO_INWARD", true}}),
+              "scene.json: settings.RADIO_OUTWARD: RADIO_INWARD of the same radio group is on as well");
+    EXPECT_EQ(errorOf({}, {{"EDIT_DIM_X", true}}),
+              "scene.json: settings.EDIT_DIM_X: EDIT_DIM_X is an edit field and takes a number, not \"on\"");
+    EXPECT_NE(errorOf({}, {{"NOPE", 1}}).find("scene.json: settings.NOPE: unknown control \"NOPE\""), std::string::npos);
+    EXPECT_EQ(errorOf({}, nlohmann::json::array()), "scene.json: settings: expected an object of control names and values");
     EXPECT_NE(errorOf({}, {{"EDIT_DIM_X", {1, 2}}}).find("expected a number, true or false, or a text"),
               std::string::npos);
 }
 
 TEST(ControlVocabulary, RadioGroupsRunOverConsecutiveIdentifiers)
 {
-    auto names = [](const char* name) {
+    auto group = [](const char* name) {
         std::string out;
         for (const ControlSpec* c : app::radioGroup(*find_control(name))) {
             out += std::string(c->name) + " ";
         }
         return out;
     };
-    EXPECT_EQ(names("RADIO_INWARD"), "RADIO_OUTWARD RADIO_INWARD ");
-    EXPECT_EQ(names("RADIO_SECTOR"), "RADIO_WHOLE_CYLINDER RADIO_SECTOR RADIO_EQUATOR_ONLY ");
-    EXPECT_EQ(names("RADIO_BEGIN_FRONT"), "RADIO_BEGIN_FRONT RADIO_BEGIN_BACK ");
-    EXPECT_EQ(names("RADIO_BEGIN_RIGHT"), "RADIO_BEGIN_LEFT RADIO_BEGIN_RIGHT ");
-}
-
-TEST(ControlVocabulary, NumbersInShortestRoundTripForm)
-{
-    EXPECT_EQ(app::numberText(0.1), "0.1");
-    EXPECT_EQ(app::numberText(1600), "1600");
+    EXPECT_EQ(group("RADIO_INWARD"), "RADIO_OUTWARD RADIO_INWARD ");
+    EXPECT_EQ(group("RADIO_SECTOR"), "RADIO_WHOLE_CYLINDER RADIO_SECTOR RADIO_EQUATOR_ONLY ");
+    EXPECT_EQ(group("RADIO_BEGIN_FRONT"), "RADIO_BEGIN_FRONT RADIO_BEGIN_BACK ");
+    EXPECT_EQ(group("RADIO_BEGIN_RIGHT"), "RADIO_BEGIN_LEFT RADIO_BEGIN_RIGHT ");
     EXPECT_EQ(app::numberText(-2.5e-7), "-2.5e-07");
     EXPECT_EQ(std::stod(app::numberText(1.0 / 3.0)), 1.0 / 3.0);
 }
 
-app::Options parsed(std::vector<const char*> args, app::ParseExit& exit)
+struct Parsed {
+    app::Options options;
+    app::ParseExit exit;
+};
+
+Parsed parsed(std::vector<const char*> args)
 {
     args.insert(args.begin(), "orbisett-host");
-    const auto options = app::parseOptions(static_cast<int>(args.size()), args.data(), "/default/module.so", exit);
-    return options.value_or(app::Options{});
+    Parsed p;
+    p.options = app::parseOptions(static_cast<int>(args.size()), args.data(), "/default/module.so", p.exit)
+                    .value_or(app::Options{});
+    return p;
 }
 
-TEST(CommandLine, SetsKeepTheirOrderAndTheSceneStaysPositional)
+TEST(CommandLine, EveryOptionLandsInItsPlace)
 {
-    app::ParseExit exit;
-    const app::Options o = parsed({"--set", "EDIT_DIM_X=1", "scene.json", "--set", "EDIT_DIM_Y=2", "--undo"}, exit);
-    EXPECT_EQ(exit.status, 0);
-    EXPECT_EQ(o.scene, "scene.json");
-    EXPECT_EQ(o.sets, (std::vector<std::string>{"EDIT_DIM_X=1", "EDIT_DIM_Y=2"}));
-    EXPECT_TRUE(o.undo);
-    EXPECT_FALSE(o.no_apply);
-    EXPECT_EQ(o.plugin, "/default/module.so");
+    const Parsed p = parsed({"--set", "EDIT_DIM_X=1", "-", "--set", "EDIT_DIM_Y=2", "--undo", "--out", "-",
+                             "--preview", "p.png", "--dialog", "d.svg", "--json-report", "r.json", "--quiet",
+                             "--no-apply"});
+    EXPECT_EQ(p.exit.status, 0);
+    EXPECT_EQ(p.options.scene, "-");
+    EXPECT_EQ(p.options.sets, (std::vector<std::string>{"EDIT_DIM_X=1", "EDIT_DIM_Y=2"}));
+    EXPECT_TRUE(p.options.undo && p.options.no_apply && p.options.quiet);
+    EXPECT_EQ(p.options.out + p.options.preview + p.options.dialog + p.options.json_report, "-p.pngd.svgr.json");
+    EXPECT_EQ(p.options.plugin, "/default/module.so");
+    EXPECT_EQ(parsed({"--plugin", "m.so"}).options.plugin, "m.so");
 }
 
-TEST(CommandLine, EveryOutputAndTheModulePath)
+TEST(CommandLine, HelpWithThreeExamplesAndTheVersion)
 {
-    app::ParseExit exit;
-    const app::Options o = parsed({"--out", "a.json", "--preview", "p.svg", "--dialog", "d.svg", "--plugin", "m.so",
-                                   "--no-apply"},
-                                  exit);
-    EXPECT_FALSE(o.scene.has_value());
-    EXPECT_EQ(o.out, "a.json");
-    EXPECT_EQ(o.preview, "p.svg");
-    EXPECT_EQ(o.dialog, "d.svg");
-    EXPECT_EQ(o.plugin, "m.so");
-    EXPECT_TRUE(o.no_apply);
+    const Parsed help = parsed({"--help"});
+    EXPECT_EQ(help.exit.status, 0);
+    EXPECT_FALSE(help.exit.to_error);
+    const std::string& text = help.exit.text;
+    const std::size_t examples = text.find("Examples:");
+    ASSERT_NE(examples, std::string::npos) << text;
+    std::size_t runs = 0;
+    for (std::size_t at = text.find("\n  orbisett-host", examples); at != std::string::npos;
+         at = text.find("\n  orbisett-host", at + 1)) {
+        ++runs;
+    }
+    EXPECT_EQ(runs, 3u);
+    for (const char* option : {"--set NAME=VALUE", "--json-report", "--quiet", "--list-controls", "--version"}) {
+        EXPECT_NE(text.find(option), std::string::npos) << option;
+    }
+    const Parsed version = parsed({"--version"});
+    EXPECT_EQ(version.exit.status, 0);
+    EXPECT_EQ(version.exit.text, "orbisett-host 1.3.2\n");
 }
 
-TEST(CommandLine, WrongLinesExitWithTwoAndHelpWithZero)
+TEST(CommandLine, WrongLinesSayWhatIsWrong)
 {
-    app::ParseExit wrong;
-    parsed({"--bogus"}, wrong);
-    EXPECT_EQ(wrong.status, 2);
-    EXPECT_TRUE(wrong.to_error);
-    EXPECT_NE(wrong.text.find("--bogus"), std::string::npos);
-
-    app::ParseExit help;
-    parsed({"--help"}, help);
-    EXPECT_EQ(help.status, 0);
-    EXPECT_FALSE(help.to_error);
-    EXPECT_NE(help.text.find("--set NAME=VALUE"), std::string::npos);
+    const std::pair<std::vector<const char*>, const char*> cases[] = {
+        {{"--out", "a.json", "--out", "b.json"}, "--out is given 2 times (a.json, b.json); give it once"},
+        {{"--set", "EDIT_DIM_X=1", "EDIT_DIM_Y=2"},
+         "EDIT_DIM_Y=2: each setting needs its own --set (--set EDIT_DIM_Y=2); without it, it is taken as the scene "
+         "file"},
+        {{"s.json", "CHECK_KEY_SCALE=on"}, "CHECK_KEY_SCALE=on: each setting needs its own --set (--set CHECK_KEY_SCALE=on)"},
+        {{"a.json", "b.json"}, "b.json: a second scene; give one scene file at most"},
+        {{"--bogus"}, "--bogus: unknown option (see --help)"},
+        {{"--json-report", "-"}, "--json-report -: only --out writes to standard output"},
+        {{"--out", "x.json", "--json-report", "x.json"}, "--out and --json-report name the same file x.json"},
+    };
+    for (const auto& [args, message] : cases) {
+        const Parsed p = parsed(args);
+        EXPECT_EQ(p.exit.status, 2) << message;
+        EXPECT_TRUE(p.exit.to_error);
+        EXPECT_EQ(p.exit.text, std::string("orbisett-host: ") + message + "\n");
+    }
 }
 
 }  // namespace

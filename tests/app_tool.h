@@ -59,13 +59,16 @@ protected:
         return path(name);
     }
 
-    ToolRun run(const std::vector<std::string>& args) const
+    // Runs the tool; `input` is its standard input.
+    ToolRun run(const std::vector<std::string>& args, const std::string& input = "") const
     {
+        std::ofstream(path("stdin.txt"), std::ios::binary) << input;
         std::string command = quoted(ORBISETT_HOST_PATH);
         for (const std::string& a : args) {
             command += " " + quoted(a);
         }
-        command += " >" + quoted(path("stdout.txt")) + " 2>" + quoted(path("stderr.txt"));
+        command += " <" + quoted(path("stdin.txt")) + " >" + quoted(path("stdout.txt")) + " 2>" +
+                   quoted(path("stderr.txt"));
         const int raw = std::system(command.c_str());
         ToolRun result;
         result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
@@ -83,6 +86,8 @@ protected:
         EXPECT_EQ(r.status, 0) << r.err;
         return r.status == 0 ? nlohmann::json::parse(readFile(path("after.json"))) : nlohmann::json::object();
     }
+
+    const std::filesystem::path& dir() const { return dir_; }
 
 private:
     std::filesystem::path dir_;

@@ -28,6 +28,15 @@ TEST_F(HostSuites, WithheldSuitesAreRefusedLikeAnOlderHost) {
     EXPECT_EQ(A_Err_MISSING_SUITE, h.basicSuite()->AcquireSuite("AEGP Marker Suite", 1, &table));
     EXPECT_EQ(A_Err_MISSING_SUITE, h.basicSuite()->AcquireSuite(kAEGPLayerSuite, 11, &table));
     EXPECT_EQ(0, h.acquireCount(kAEGPWorkspacePanelSuite, 1));
+    // Each refusal is on the host's list of refused calls, in order.
+    std::vector<std::string> refused;
+    for (const host::RefusedCall& call : h.refusedCalls()) {
+        EXPECT_EQ(A_Err_MISSING_SUITE, call.err);
+        refused.push_back(call.call);
+    }
+    EXPECT_EQ((std::vector<std::string>{"AcquireSuite AEGP Layer Suite/10", "AcquireSuite AEGP Workspace Panel Suite/1",
+                                        "AcquireSuite AEGP Marker Suite/1", "AcquireSuite AEGP Layer Suite/11"}),
+              refused);
 }
 
 TEST_F(HostSuites, EveryAcquireMustBeMatchedByARelease) {
@@ -73,6 +82,9 @@ TEST_F(HostSuites, TheNthCallFailsOnceAndChangesNothing) {
     EXPECT_EQ(A_Err_NONE, ls->AEGP_GetLayerIndex(h.layerHandle(c), &index));
     EXPECT_EQ(2, index);
     EXPECT_EQ((std::vector<std::string>{"AEGP_ReorderLayer"}), h.failedCalls());
+    ASSERT_EQ(1u, h.refusedCalls().size());
+    EXPECT_EQ("AEGP_ReorderLayer", h.refusedCalls()[0].call);
+    EXPECT_EQ(A_Err_ALLOC, h.refusedCalls()[0].err);
 }
 
 TEST_F(HostSuites, AcquireAndReleaseCanBeMadeToFail) {

@@ -35,6 +35,10 @@ A_Err throwingHook(AEGP_GlobalRefcon, AEGP_CommandRefcon, AEGP_Command, AEGP_Hoo
     throw std::runtime_error("boom");
 }
 
+A_Err failingHook(AEGP_GlobalRefcon, AEGP_CommandRefcon, AEGP_Command, AEGP_HookPriority, A_Boolean, A_Boolean*) {
+    return A_Err_PARAMETER;
+}
+
 A_Err throwingIdle(AEGP_GlobalRefcon, AEGP_IdleRefcon, A_long*) { throw 516; }
 
 A_Err countingIdle(AEGP_GlobalRefcon global, AEGP_IdleRefcon, A_long*) {
@@ -167,13 +171,17 @@ TEST_F(HostHooks, MenusAreUpdatedBeforeAnItemIsChosen) {
     EXPECT_EQ(A_Err_PARAMETER, h.chooseMenuItem("No Such Item"));
 }
 
-TEST_F(HostHooks, ReportsAreKeptInOrder) {
+TEST_F(HostHooks, ReportsAreKeptInOrderWithTheAlertsForFailedCommands) {
     ASSERT_EQ(A_Err_NONE, utility()->AEGP_ReportInfo(3, "Could not add menu item."));
     ASSERT_EQ(A_Err_NONE, utility()->AEGP_ReportInfo(3, "second"));
     EXPECT_EQ(A_Err_PARAMETER, utility()->AEGP_ReportInfo(3, nullptr));
-    ASSERT_EQ(2u, h.reports().size());
+    ASSERT_EQ(A_Err_NONE, registry()->AEGP_RegisterCommandHook(4, AEGP_HP_AfterAE, 0, failingHook, nullptr));
+    EXPECT_EQ(A_Err_PARAMETER, h.doCommand(g_item));
+    ASSERT_EQ(3u, h.reports().size());
     EXPECT_EQ("Could not add menu item.", h.reports()[0].text);
     EXPECT_EQ(3, h.reports()[0].plugin);
+    EXPECT_EQ("The command \"Orbisett\" failed: error 3.", h.reports()[2].text);
+    EXPECT_EQ(4, h.reports()[2].plugin);
 }
 
 TEST_F(HostHooks, PluginsGetTheirRefconAndDieOnUnload) {

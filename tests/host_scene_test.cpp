@@ -140,6 +140,7 @@ TEST(HostScene, OutputCarriesCopiesUndoGroupsReportsAndSettings) {
 
 TEST(HostScene, BadFilesGiveOneMessageWithFilePlaceAndProblem) {
     EXPECT_EQ(0u, messageOf("{ nope").find("bad.json: not valid JSON: parse error at line 1, column 4"));
+    EXPECT_EQ(0u, messageOf(R"({"comp": NaN})").find("bad.json: not valid JSON: parse error at line 1, column 10"));
     EXPECT_NE(std::string::npos, messageOf(R"({"comp": {"name": "x")").find("unexpected end of input"));
     EXPECT_EQ("bad.json: at $: expected an object, found an array", messageOf("[]"));
     EXPECT_EQ("bad.json: at $.comp: missing \"width\"", messageOf(R"({"comp": {"name": "x"}, "layers": []})"));
@@ -162,14 +163,22 @@ TEST(HostScene, BadFilesGiveOneMessageWithFilePlaceAndProblem) {
               messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av", "positon": [0, 0, 0]}]})"));
     EXPECT_EQ("bad.json: at $.layers[0].source: only av layers have a source",
               messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "text", "source": {"width": 1, "height": 1}}]})"));
-    EXPECT_EQ(0u, messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av", "position": [1e999, 0, 0]}]})")
-                      .find("bad.json: not a usable number"));
+    EXPECT_EQ("bad.json: at $.layers[1].position[2]: not a usable number: number overflow parsing '-1e999'",
+              messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av"},
+                  {"name": "b", "type": "av", "position": [0, {"x": 1}, -1e999]}]})"));
+    EXPECT_EQ("bad.json: at $.comp.width: must be at most 30000",
+              messageOf(R"({"comp": {"name": "x", "width": 123456789012345678901234, "height": 5}, "layers": []})"));
+    EXPECT_EQ("bad.json: at $.comp.width: expected an integer, found a number",
+              messageOf(R"({"comp": {"name": "x", "width": 5.0, "height": 5}, "layers": []})"));
     EXPECT_EQ("bad.json: at $.layers[0].keyframes.scale[1]: a second keyframe at the same time",
               messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av", "keyframes": {"scale": [
                   {"time": {"value": 1, "scale": 2}, "value": [1, 1, 1]},
                   {"time": {"value": 15, "scale": 30}, "value": [2, 2, 2]}]}}]})"));
     EXPECT_EQ("bad.json: at $.host.withhold[0]: expected \"Suite Name/version\", found \"AEGP Layer Suite\"",
               messageOf("{" + comp + R"(, "layers": [], "host": {"withhold": ["AEGP Layer Suite"]}})"));
+    EXPECT_EQ(0u, messageOf("{" + comp + R"(, "layers": [], "host": {"withhold": ["AEGP Layer Suite/9"]}})")
+                      .find("bad.json: at $.host.withhold[0]: the host has no suite \"AEGP Layer Suite/9\" to withhold "
+                            "(it has AEGP Register Suite/1, "));
 }
 
 TEST(HostScene, ABadFileLeavesTheHostAsItWas) {
@@ -197,6 +206,12 @@ TEST(HostScene, ABadFileLeavesTheHostAsItWas) {
         FAIL() << "accepted";
     } catch (const host::SceneError& e) {
         EXPECT_EQ(0u, std::string(e.what()).find(path + ": cannot be read"));
+    }
+    try {
+        host::loadScene(h, ::testing::TempDir());
+        FAIL() << "accepted";
+    } catch (const host::SceneError& e) {
+        EXPECT_EQ(::testing::TempDir() + ": is a folder, not a scene file", e.what());
     }
 }
 

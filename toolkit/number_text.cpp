@@ -79,4 +79,15 @@ std::optional<int64_t> parseLeadingInteger(const char* text) {
     return number;
 }
 
+std::size_t leadingNumberLength(const char* text) {
+    if (!parseLeadingNumber(text)) {
+        return 0;
+    }
+    // The number parseLeadingNumber took is the one the standard conversion matches from here.
+    const char* start = numberStart(text);
+    double number = 0;
+    const char* end = std::from_chars(start, start + std::strlen(start), number, std::chars_format::general).ptr;
+    return static_cast<std::size_t>(end - text);
+}
+
 }  // namespace toolkit

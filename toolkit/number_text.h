@@ -1,6 +1,7 @@
 // How edit fields show and read numbers.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,5 +17,9 @@ std::optional<double> parseLeadingNumber(const char* text);
 
 // A base-10 integer at the start of the text. A number too long for 64 bits saturates.
 std::optional<int64_t> parseLeadingInteger(const char* text);
+
+// How many characters of the text parseLeadingNumber reads, white space and sign included; 0
+// when it reads no number. What follows is what a field ignores.
+std::size_t leadingNumberLength(const char* text);
 
 }  // namespace toolkit

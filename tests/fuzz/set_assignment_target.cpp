@@ -1,15 +1,17 @@
 // --set assignments fed arbitrary bytes: refused with a message, or taken, and then an edit
-// field given the text reads exactly the number that the text means.
+// field given the text reads exactly what the tool says it reads (the number in its warnings).
 #include "fuzz_targets.h"
 #include "lone_edit_field.h"
 
 #include "adm_suites.h"
 #include "app/app_error.h"
 #include "app/control_settings.h"
+#include "app/field_reading.h"
+#include "cylinder/control_notes.h"
 #include "cylinder/settings_table.h"
 #include "shell/global_suites.h"
 
-#include <charconv>
+#include <optional>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -39,19 +41,15 @@ std::string assignmentFrom(const std::uint8_t* data, std::size_t size) {
     return std::string(controls[data[0] % controls.size()]->name) + "=" + rest;
 }
 
-// What a field with the control's limits reads from the text.
+// What a field with the control's limits reads from the text, as the plug-in reads that field.
 float fieldReads(const ControlSpec& control, const std::string& text) {
     const LoneEditField field(control);
     sADMItem->SetText(field.item(), text.c_str());
-    return sADMItem->GetFloatValue(field.item());
+    const ControlNote* note = control_note(control.id);
+    return note != nullptr && note->whole_number ? static_cast<float>(sADMItem->GetIntValue(field.item()))
+                                                 : sADMItem->GetFloatValue(field.item());
 }
 
-// The number the whole text means, limited as the field limits it.
-float meant(const ControlSpec& control, const std::string& text) {
-    double number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number > control.maximum ? control.maximum : control.minimum > number ? control.minimum : static_cast<float>(number);
-}
 
 }  // namespace
 
@@ -71,10 +69,11 @@ std::string setAssignment(const std::uint8_t* data, std::size_t size) {
             continue;
         }
         const float read = fieldReads(*setting.control, setting.text);
-        const float want = meant(*setting.control, setting.text);
-        if (std::memcmp(&read, &want, sizeof read) != 0) {
-            return "--set " + assignment + " was taken, but the field reads " + std::to_string(read) + " for " +
-                   std::to_string(want);
+        const std::optional<double> said = app::fieldReading(*setting.control, setting.text);
+        const float want = said ? static_cast<float>(*said) : setting.control->value;
+        if (!said || std::memcmp(&read, &want, sizeof read) != 0) {
+            return "--set " + assignment + " was taken, but the field reads " + std::to_string(read) +
+                   " where the tool says " + std::to_string(want);
         }
     }
     return {};

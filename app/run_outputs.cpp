@@ -1,0 +1,50 @@
+#include "app/run_outputs.h"
+
+#include "app/app_error.h"
+#include "app/picture_file.h"
+#include "app/html_page.h"
+#include "app/preview_picture.h"
+#include "app/scene_data.h"
+
+namespace app {
+
+namespace {
+
+// Picture names were checked with the options.
+std::string picture(const std::string& option, const std::string& path, const std::string& svg)
+{
+    const std::optional<PictureFormat> format = pictureFormat(path);
+    if (!format) {
+        throw AppError(pictureNameProblem(option, path));
+    }
+    return pictureBytes(svg, *format);
+}
+
+}  // namespace
+
+std::string sceneAfter(const SessionResult& run) { return host::sceneText(*run.host, run.settings); }
+
+std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
+                                    const nlohmann::json& report)
+{
+    std::vector<OutputFile> files;
+    if (!options.out.empty() && options.out != kStandardStream) {
+        files.push_back({"--out", options.out, sceneAfter(run)});
+    }
+    if (!options.preview.empty()) {
+        files.push_back({"--preview", options.preview,
+                         picture("--preview", options.preview, drawPreview(run.host->project(), outcome).svg)});
+    }
+    if (!options.dialog.empty()) {
+        files.push_back({"--dialog", options.dialog, picture("--dialog", options.dialog, run.dialog_svg)});
+    }
+    if (!options.html.empty()) {
+        files.push_back({"--html", options.html, htmlPage(pageSceneData(run.before, run.host->project(), outcome))});
+    }
+    if (!options.json_report.empty()) {
+        files.push_back({"--json-report", options.json_report, report.dump(2) + "\n"});
+    }
+    return files;
+}
+
+}  // namespace app

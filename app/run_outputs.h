@@ -1,0 +1,24 @@
+// The bytes of every file a run was asked to write, by option.
+#pragma once
+
+#include "app/options.h"
+#include "app/output_files.h"
+#include "app/run_outcome.h"
+#include "app/session.h"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <vector>
+
+namespace app {
+
+// The scene after the run, as --out writes it.
+std::string sceneAfter(const SessionResult& run);
+
+// Every file asked for but a scene going to standard output: --out, --preview, --dialog, --html
+// (pictures in the format their names ask for) and --json-report.
+std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
+                                    const nlohmann::json& report);
+
+}  // namespace app

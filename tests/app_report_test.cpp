@@ -1,0 +1,134 @@
+// The summary after the table and its warnings, as the built tool prints them and writes them
+// with --json-report: one run per warning, with the setting that causes it and the exact line.
+#include "app_tool.h"
+
+namespace {
+
+using apptest::cardScene;
+using nlohmann::json;
+
+class Report : public apptest::ToolTest {
+protected:
+    // The warning lines of a run, as printed; checks that the JSON report lists the same.
+    std::vector<std::string> warnings(const json& scene, const std::vector<std::string>& sets)
+    {
+        std::vector<std::string> args{writeScene("s.json", scene), "--json-report", path("report.json")};
+        for (const std::string& s : sets) {
+            args.push_back("--set");
+            args.push_back(s);
+        }
+        const apptest::ToolRun r = run(args);
+        EXPECT_EQ(r.status, 0) << r.err;
+        std::vector<std::string> printed;
+        const std::size_t section = r.out.find("\nWarnings\n");
+        std::istringstream lines(section == std::string::npos ? "" : r.out.substr(section + 10));
+        for (std::string line; std::getline(lines, line);) {
+            printed.push_back(line.substr(2));
+        }
+        std::vector<std::string> reported;
+        const json report = json::parse(apptest::readFile(path("report.json")));
+        for (const json& w : report["warnings"]) {
+            reported.push_back(w["text"]);
+        }
+        EXPECT_EQ(printed, reported);
+        return printed;
+    }
+
+    using Lines = std::vector<std::string>;
+};
+
+TEST_F(Report, ValuesTheFieldReadsOtherwise)
+{
+    EXPECT_EQ(warnings(cardScene(2), {"EDIT_DIM_X=-100"}), Lines{"EDIT_DIM_X: typed -100, the field reads 0.1"});
+    EXPECT_EQ(warnings(cardScene(2), {"CHECK_REPEAT_LAYERS=on", "EDIT_REPEAT_COUNT=2.5"}),
+              Lines{"EDIT_REPEAT_COUNT: typed 2.5, the field reads 2"});
+    EXPECT_EQ(warnings(cardScene(2), {"EDIT_MIN_LONGITUDE=+400"}),
+              Lines{"EDIT_MIN_LONGITUDE: typed +400, the field reads 360"});
+    EXPECT_EQ(warnings(cardScene(2), {"CHECK_REPEAT_LAYERS=on", "EDIT_REPEAT_COUNT=1000000000"}),
+              (Lines{"EDIT_REPEAT_COUNT: typed 1000000000, the field reads 10000",
+                     "EDIT_REPEAT_COUNT: 10000 repeats of 2 layers ask for 20000 copies; 326 were made (the repeats "
+                     "were cut to what fits)"}));
+    // Held in single precision like the field, 0.1 is read as typed.
+    EXPECT_EQ(warnings(cardScene(2), {"EDIT_DIM_Y=0.1", "EDIT_DIM_X= 1e3 "}), Lines{});
+}
+
+TEST_F(Report, SettingsTheDialogGreysOut)
+{
+    EXPECT_EQ(warnings(cardScene(2), {"CHECK_CREATE_RING=on"}),
+              Lines{"CHECK_CREATE_RING: set on, but the dialog greys it out: it acts only with RADIO_EQUATOR_ONLY on "
+                    "and CHECK_RADIUS_BY_FIRST off (or overruled by CHECK_DISTRIBUTE_EVENLY)"});
+    EXPECT_EQ(warnings(cardScene(2), {"CHECK_SECTOR_RIGHT=on"}),
+              Lines{"CHECK_SECTOR_RIGHT: set on, but the dialog greys it out: the sector boxes act only with "
+                    "RADIO_SECTOR on"});
+    EXPECT_EQ(warnings(cardScene(2), {"EDIT_REPEAT_COUNT=3"}),
+              Lines{"EDIT_REPEAT_COUNT: set 3, but the dialog greys it out: it acts only with CHECK_REPEAT_LAYERS on"});
+    EXPECT_EQ(warnings(cardScene(2), {"EDIT_MAX_LATITUDE=80", "RADIO_BEGIN_LEFT=on"}),
+              (Lines{"EDIT_MAX_LATITUDE: set 80, but it never acts: the layout does not read this field; the dialog "
+                     "only keeps it",
+                     "RADIO_BEGIN_LEFT: set on, but it never acts: RADIO_BEGIN_FRONT or RADIO_BEGIN_BACK, a radio "
+                     "group of their own, is always on, and the layout asks them first"}));
+    // Where they act, and at their initial values, the same controls give no warning.
+    EXPECT_EQ(warnings(cardScene(2), {"RADIO_EQUATOR_ONLY=on", "CHECK_CREATE_RING=on", "EDIT_REPEAT_COUNT=1",
+                                      "CHECK_SECTOR_FRONT=on", "EDIT_MAX_LATITUDE=50"}),
+              Lines{});
+}
+
+TEST_F(Report, RepeatsTheHostMadeOtherwiseOrCut)
+{
+    const Lines sequentially{
+        "CHECK_REPEAT_SEQUENTIALLY: on, but the host made the copies with AEGP_DuplicateLayer (AEGP Layer Suite/10), "
+        "which puts each copy above its original; it acts only on a host without that suite, where copies come from "
+        "the Duplicate command"};
+    const std::vector<std::string> repeat{"CHECK_REPEAT_LAYERS=on", "CHECK_REPEAT_SEQUENTIALLY=on"};
+    EXPECT_EQ(warnings(cardScene(2), repeat), sequentially);
+    json older = cardScene(2);
+    older["host"]["withhold"] = {"AEGP Layer Suite/10"};
+    EXPECT_EQ(warnings(older, repeat), Lines{});
+    EXPECT_EQ(warnings(cardScene(4), {"CHECK_REPEAT_LAYERS=on", "EDIT_REPEAT_COUNT=10000"}),
+              Lines{"EDIT_REPEAT_COUNT: 10000 repeats of 4 layers ask for 40000 copies; 324 were made (the repeats "
+                    "were cut to what fits)"});
+}
+
+TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReach)
+{
+    // Four places a row, three rows: the thirteenth layer finds none.
+    const apptest::ToolRun r = run({writeScene("s.json", cardScene(13)), "--set", "EDIT_MIN_LONGITUDE=90", "--set",
+                                    "EDIT_MIN_LATITUDE=50", "--set", "EDIT_DIM_Y=100", "--json-report",
+                                    path("report.json")});
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_NE(r.out.find("13  Card 13  av    1920.0, 1080.0,    0.0     0.0,   0.0,    0.0  100.0, 100.0, 100.0  "
+                         "0/0/0/0       moved, not reached\n"),
+              std::string::npos)
+        << r.out;
+    const std::size_t summary = r.out.find("Summary\n");
+    ASSERT_NE(summary, std::string::npos);
+    EXPECT_EQ(r.out.substr(summary),
+              "Summary\n"
+              "  arranged:     12 of 13 layers written (13 selected layers, no copies made)\n"
+              "  not reached:  1: #13 \"Card 13\" (they kept their places, plus the offset (960.0, 540.0, 0.0) added "
+              "to every position written)\n"
+              "  surface:      Given steps: circle of radius 500, centre (960, 540, 0), y from 490 to 590\n"
+              "  undo:         1 group: \"Orbisett\"\n");
+    const json report = json::parse(apptest::readFile(path("report.json")));
+    EXPECT_EQ(report["not_reached"], json::parse(R"([{"layer": 13, "name": "Card 13"}])"));
+    EXPECT_EQ(report["arranged"], 12);
+    EXPECT_EQ(report["status"], 0);
+}
+
+TEST_F(Report, NotAppliedUndoneAndQuiet)
+{
+    const std::string scene = writeScene("s.json", cardScene(3));
+    EXPECT_NE(run({scene, "--no-apply"}).out.find(
+                  "  arranged:     nothing: \"Apply\" was not pressed (3 selected layers, no copies made)\n"),
+              std::string::npos);
+    const apptest::ToolRun undone = run({scene, "--undo", "--set", "CHECK_REPEAT_LAYERS=on"});
+    EXPECT_NE(undone.out.find("  arranged:     nothing left: the step was undone (it had 3 selected layers, 3 copies "
+                              "made)\n"),
+              std::string::npos);
+    EXPECT_NE(undone.out.find("  undo:         1 group: \"Orbisett\" (undone)\n"), std::string::npos);
+    const apptest::ToolRun quiet = run({scene, "--quiet", "--set", "EDIT_DIM_X=-1"});
+    EXPECT_EQ(quiet.status, 0);
+    EXPECT_EQ(quiet.out + quiet.err, "");
+}
+
+}  // namespace
