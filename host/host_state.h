@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace host::detail {
@@ -107,6 +108,9 @@ struct State {
 
     // Calls and faults.
     std::map<std::string, int, std::less<>> calls;
+    // Each function's counter in `calls`, by the address of its name (a string literal), so that
+    // counting a call does not build a string.
+    std::unordered_map<const char*, int*> call_slots;
     long total_calls = 0;
     long fail_countdown = 0;  // 0: no pending "n-th call" fault
     A_Err fail_nth_err = A_Err_NONE;

@@ -113,6 +113,53 @@ int Property::setKey(const A_Time& time, const Vec3& v) {
     return index;
 }
 
+FootageIndex& FootageIndex::operator=(const FootageIndex&) {
+    places_.clear();
+    built_ = false;
+    return *this;
+}
+
+void FootageIndex::build(const std::vector<Footage>& list) const {
+    places_.clear();
+    places_.reserve(list.size());
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        places_[list[i].id] = i;
+        ++visits_;
+    }
+    indexed_size_ = list.size();
+    built_ = true;
+}
+
+std::size_t FootageIndex::find(const std::vector<Footage>& list, Id id) const {
+    auto look = [&]() -> std::size_t {
+        ++visits_;
+        const auto it = places_.find(id);
+        if (it != places_.end() && it->second < list.size() && list[it->second].id == id) {
+            return it->second;
+        }
+        return it == places_.end() ? list.size() : list.size() + 1;  // + 1: the index is out of date
+    };
+    if (!built_) {
+        build(list);
+    }
+    const std::size_t place = look();
+    // A miss on a list of the size indexed is a real miss; anything else was changed from outside.
+    if (place < list.size() || (place == list.size() && list.size() == indexed_size_)) {
+        return place;
+    }
+    build(list);
+    return std::min(look(), list.size());
+}
+
+void FootageIndex::added(const std::vector<Footage>& list) {
+    if (built_ && list.size() == indexed_size_ + 1) {
+        places_[list.back().id] = list.size() - 1;
+        indexed_size_ = list.size();
+    } else {
+        built_ = false;
+    }
+}
+
 Id Project::addFootage(std::string name, A_long width, A_long height) {
     Footage f;
     f.id = newId();
@@ -120,6 +167,7 @@ Id Project::addFootage(std::string name, A_long width, A_long height) {
     f.width = width;
     f.height = height;
     footage.push_back(std::move(f));
+    footage_index_.added(footage);
     return footage.back().id;
 }
 
@@ -149,8 +197,9 @@ Id Project::addLayer(Id comp_id, std::string name, AEGP_ObjectType type, bool th
     l.three_d = three_d;
     l.source = source;
     l.prop(Prop::scale).value = Vec3{100, 100, 100};
+    const Id id = l.id;
     c->layers.push_back(std::move(l));
-    return c->layers.back().id;
+    return id;
 }
 
 void Project::select(Id comp_id, const std::vector<Id>& layers) {
@@ -160,7 +209,9 @@ void Project::select(Id comp_id, const std::vector<Id>& layers) {
 }
 
 Comp* Project::comp(Id id) {
+    // Projects hold a handful of compositions.
     for (Comp& c : comps) {
+        ++comp_visits_;
         if (c.id == id) {
             return &c;
         }
@@ -171,12 +222,11 @@ Comp* Project::comp(Id id) {
 const Comp* Project::comp(Id id) const { return const_cast<Project*>(this)->comp(id); }
 
 Footage* Project::findFootage(Id id) {
-    for (Footage& f : footage) {
-        if (f.id == id) {
-            return &f;
-        }
+    if (id == 0) {
+        return nullptr;
     }
-    return nullptr;
+    const std::size_t place = footage_index_.find(footage, id);
+    return place < footage.size() ? &footage[place] : nullptr;
 }
 
 const Footage* Project::findFootage(Id id) const { return const_cast<Project*>(this)->findFootage(id); }
@@ -188,16 +238,27 @@ LayerPlace Project::find(Id layer_id) {
         return {};
     }
     for (Comp& c : comps) {
-        for (std::size_t i = 0; i < c.layers.size(); ++i) {
-            if (c.layers[i].id == layer_id) {
-                return LayerPlace{&c, i};
-            }
+        ++comp_visits_;
+        std::size_t index = 0;
+        if (Layer* found = c.layers.find(layer_id, &index)) {
+            return LayerPlace{&c, index, found};
         }
     }
     return {};
 }
 
-Layer* Project::layer(Id id) { return find(id).layer(); }
+Layer* Project::layer(Id id) {
+    if (id == 0) {
+        return nullptr;
+    }
+    for (Comp& c : comps) {
+        ++comp_visits_;
+        if (Layer* found = c.layers.find(id)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
 
 const Layer* Project::layer(Id id) const { return const_cast<Project*>(this)->layer(id); }
 
@@ -215,9 +276,18 @@ Id Project::duplicate(Id layer_id) {
     copy.copy_of = layer_id;
     copy.scene_number = 0;
     copy.copy_of_number = 0;
+    const Id id = copy.id;
     auto& layers = place.comp->layers;
     layers.insert(layers.begin() + static_cast<std::ptrdiff_t>(place.index), std::move(copy));
-    return layers[place.index].id;
+    return id;
+}
+
+std::size_t Project::lookupVisits() const {
+    std::size_t visits = comp_visits_ + footage_index_.visits();
+    for (const Comp& c : comps) {
+        visits += c.layers.visits();
+    }
+    return visits;
 }
 
 }  // namespace host

@@ -2,9 +2,9 @@
 // their shortest form that reads back to the same double.
 #include "host/scene_file.h"
 
-#include <algorithm>
 #include <fstream>
-#include <map>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace host {
 
@@ -58,7 +58,7 @@ Ordered keyframes(const Layer& layer) {
     return out;
 }
 
-Ordered layerJson(const Project& project, const Comp& comp, const Layer& layer) {
+Ordered layerJson(const Project& project, const Layer& layer, bool selected) {
     Ordered out;
     out["name"] = layer.name;
     out["type"] = typeText(layer.type);
@@ -79,7 +79,7 @@ Ordered layerJson(const Project& project, const Comp& comp, const Layer& layer) 
     if (!keys.empty()) {
         out["keyframes"] = std::move(keys);
     }
-    out["selected"] = std::find(comp.selection.begin(), comp.selection.end(), layer.id) != comp.selection.end();
+    out["selected"] = selected;
     if (const int copied = copiedNumber(project, layer); copied > 0) {
         out["copy_of"] = copied;
     }
@@ -113,16 +113,18 @@ std::string sceneText(const Host& host, const nlohmann::json& settings) {
                            {"withhold", std::move(withhold)}};
     root["comp"] = Ordered{{"name", comp->name}, {"width", comp->width}, {"height", comp->height}, {"time", time(comp->time)}};
     Ordered layers = Ordered::array();
-    std::map<Id, int> numbers;
+    const std::unordered_set<Id> selected(comp->selection.begin(), comp->selection.end());
+    std::unordered_map<Id, int> numbers;
     for (std::size_t i = 0; i < comp->layers.size(); ++i) {
-        layers.push_back(layerJson(project, *comp, comp->layers[i]));
-        numbers[comp->layers[i].id] = static_cast<int>(i + 1);
+        const Layer& layer = comp->layers[i];
+        layers.push_back(layerJson(project, layer, selected.count(layer.id) != 0));
+        numbers[layer.id] = static_cast<int>(i + 1);
     }
     root["layers"] = std::move(layers);
     Ordered selection = Ordered::array();
     for (Id id : comp->selection) {
-        if (numbers.count(id) != 0) {
-            selection.push_back(numbers[id]);
+        if (auto number = numbers.find(id); number != numbers.end()) {
+            selection.push_back(number->second);
         }
     }
     root["selection"] = std::move(selection);
