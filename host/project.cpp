@@ -185,11 +185,7 @@ Id Project::addComp(std::string name, A_long width, A_long height, A_Time time) 
     return comps.back().id;
 }
 
-Id Project::addLayer(Id comp_id, std::string name, AEGP_ObjectType type, bool three_d, Id source) {
-    Comp* c = comp(comp_id);
-    if (c == nullptr) {
-        return 0;
-    }
+Layer newLayer(std::string name, AEGP_ObjectType type, bool three_d, Id source) {
     Layer l;
     l.id = newId();
     l.name = std::move(name);
@@ -197,6 +193,15 @@ Id Project::addLayer(Id comp_id, std::string name, AEGP_ObjectType type, bool th
     l.three_d = three_d;
     l.source = source;
     l.prop(Prop::scale).value = Vec3{100, 100, 100};
+    return l;
+}
+
+Id Project::addLayer(Id comp_id, std::string name, AEGP_ObjectType type, bool three_d, Id source) {
+    Comp* c = comp(comp_id);
+    if (c == nullptr) {
+        return 0;
+    }
+    Layer l = newLayer(std::move(name), type, three_d, source);
     const Id id = l.id;
     c->layers.push_back(std::move(l));
     return id;

@@ -30,6 +30,9 @@ struct Comp {
     std::vector<Id> selection;  // selected layers in the order they were selected
 };
 
+// A layer with a new id, Scale at 100 % and everything else at rest, not yet in a composition.
+Layer newLayer(std::string name, AEGP_ObjectType type, bool three_d, Id source = 0);
+
 // Where a layer lives.
 struct LayerPlace {
     Comp* comp = nullptr;
