@@ -22,7 +22,7 @@ int main(int argc, char** argv)
     try {
         const app::SessionResult result = app::runSession(*options);
         app::writeOutputs(*options, result);
-        std::cout << app::layerTable(result.before, result.host->project());
+        std::cout << app::layerTable(result.before(), result.host->project());
         if (result.undo_asked) {
             std::cout << (result.undone ? "Undone: one step.\n" : "Undo: nothing to undo.\n");
         }

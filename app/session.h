@@ -15,11 +15,15 @@ namespace app {
 
 struct SessionResult {
     std::unique_ptr<host::Host> host;  // the host after the run, the module unloaded
-    host::Project before;              // the project as the scene made it
     nlohmann::json settings;           // every value control as the dialog held it
     std::string dialog_svg;            // the dialog as it stood after the run
     bool undo_asked = false;
     bool undone = false;               // one host undo step was taken back
+
+    // The project as the scene made it: the host's own undo snapshot of the run, or the project
+    // itself when nothing is left to undo. The run changes the project only inside its undo step,
+    // so no copy of the project is kept for this.
+    const host::Project& before() const;
 };
 
 // The scene to run: the file named on the command line, or the built-in demo scene.
