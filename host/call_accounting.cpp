@@ -12,11 +12,11 @@ State* enter(const char* function, A_Err& err) {
         return nullptr;
     }
     State& s = h->state();
-    int*& slot = s.call_slots[function];
-    if (slot == nullptr) {
-        slot = &s.calls.try_emplace(function).first->second;
+    CallSlot& slot = slotFor(s.call_slots, function, 0);
+    if (slot.name != function) {
+        slot = CallSlot{function, &s.calls.try_emplace(function).first->second};
     }
-    ++*slot;
+    ++*slot.count;
     ++s.total_calls;
     A_Err fault = A_Err_NONE;
     if (!s.fail_functions.empty()) {
@@ -50,7 +50,7 @@ std::map<std::string, int> Host::callCounts() const {
 
 void Host::resetCallCounts() {
     state_->calls.clear();
-    state_->call_slots.clear();
+    state_->call_slots.fill(detail::CallSlot{});
     state_->total_calls = 0;
 }
 
