@@ -11,6 +11,7 @@
 #include <optional>
 #include <set>
 #include <sstream>
+#include <unordered_set>
 
 namespace host {
 
@@ -364,6 +365,7 @@ private:
     std::vector<Id> readSelection(const json& j, const std::string& path, const Comp& comp) const {
         expectType(j, path, json::value_t::array);
         std::vector<Id> selection;
+        std::unordered_set<Id> chosen;
         for (std::size_t i = 0; i < j.size(); ++i) {
             const std::string where = element(path, i);
             if (!j[i].is_number_integer()) {
@@ -375,7 +377,7 @@ private:
                                 std::to_string(comp.layers.size()) + " layers)");
             }
             const Id id = comp.layers[static_cast<std::size_t>(number - 1)].id;
-            if (std::find(selection.begin(), selection.end(), id) != selection.end()) {
+            if (!chosen.insert(id).second) {
                 fail(where, "layer " + std::to_string(number) + " is selected twice");
             }
             selection.push_back(id);
