@@ -113,51 +113,30 @@ int Property::setKey(const A_Time& time, const Vec3& v) {
     return index;
 }
 
-FootageIndex& FootageIndex::operator=(const FootageIndex&) {
-    places_.clear();
-    built_ = false;
-    return *this;
-}
-
-void FootageIndex::build(const std::vector<Footage>& list) const {
-    places_.clear();
-    places_.reserve(list.size());
-    for (std::size_t i = 0; i < list.size(); ++i) {
-        places_[list[i].id] = i;
-        ++visits_;
-    }
-    indexed_size_ = list.size();
-    built_ = true;
-}
-
 std::size_t FootageIndex::find(const std::vector<Footage>& list, Id id) const {
-    auto look = [&]() -> std::size_t {
+    const auto found = std::lower_bound(list.begin(), list.end(), id, [this](const Footage& f, Id wanted) {
         ++visits_;
-        const auto it = places_.find(id);
-        if (it != places_.end() && it->second < list.size() && list[it->second].id == id) {
-            return it->second;
+        return f.id < wanted;
+    });
+    if (found != list.end() && found->id == id) {
+        return static_cast<std::size_t>(found - list.begin());
+    }
+    // Not where the order puts it: gone, or in a list that is out of order.
+    if (checked_size_ != list.size()) {
+        ordered_ = std::is_sorted(list.begin(), list.end(), [](const Footage& a, const Footage& b) { return a.id < b.id; });
+        checked_size_ = list.size();
+        visits_ += list.size();
+    }
+    if (ordered_) {
+        return list.size();
+    }
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        ++visits_;
+        if (list[i].id == id) {
+            return i;
         }
-        return it == places_.end() ? list.size() : list.size() + 1;  // + 1: the index is out of date
-    };
-    if (!built_) {
-        build(list);
     }
-    const std::size_t place = look();
-    // A miss on a list of the size indexed is a real miss; anything else was changed from outside.
-    if (place < list.size() || (place == list.size() && list.size() == indexed_size_)) {
-        return place;
-    }
-    build(list);
-    return std::min(look(), list.size());
-}
-
-void FootageIndex::added(const std::vector<Footage>& list) {
-    if (built_ && list.size() == indexed_size_ + 1) {
-        places_[list.back().id] = list.size() - 1;
-        indexed_size_ = list.size();
-    } else {
-        built_ = false;
-    }
+    return list.size();
 }
 
 Id Project::addFootage(std::string name, A_long width, A_long height) {
@@ -167,7 +146,6 @@ Id Project::addFootage(std::string name, A_long width, A_long height) {
     f.width = width;
     f.height = height;
     footage.push_back(std::move(f));
-    footage_index_.added(footage);
     return footage.back().id;
 }
 

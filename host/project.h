@@ -10,7 +10,6 @@
 
 #include <cstddef>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace host {
@@ -41,27 +40,18 @@ struct LayerPlace {
     Layer* layer() const { return found != nullptr ? found : (comp ? &comp->layers[index] : nullptr); }
 };
 
-// Where each footage item sits in Project::footage, checked against the list on every use: a copy
-// of a project starts without it, and a list changed from outside is indexed again.
+// Finds footage items by id. Items added through the project come in ascending id order, so a
+// binary search of the list finds them with nothing kept beside it; a list put out of that order
+// from outside is searched from end to end.
 class FootageIndex {
 public:
-    FootageIndex() = default;
-    FootageIndex(const FootageIndex&) {}
-    FootageIndex& operator=(const FootageIndex&);
-    FootageIndex(FootageIndex&&) noexcept = default;
-    FootageIndex& operator=(FootageIndex&&) noexcept = default;
-
     // The place of the item with this id in `list`, or `list.size()` when there is none.
     std::size_t find(const std::vector<Footage>& list, Id id) const;
-    void added(const std::vector<Footage>& list);  // the last item of `list` was just appended
     std::size_t visits() const { return visits_; }
 
 private:
-    void build(const std::vector<Footage>& list) const;
-
-    mutable std::unordered_map<Id, std::size_t> places_;
-    mutable std::size_t indexed_size_ = 0;  // the list's size when it was last indexed
-    mutable bool built_ = false;
+    mutable std::size_t checked_size_ = 0;  // the list's size when its order was last checked
+    mutable bool ordered_ = true;
     mutable std::size_t visits_ = 0;
 };
 
