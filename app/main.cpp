@@ -6,6 +6,7 @@
 #include "app/run_outputs.h"
 #include "app/run_report.h"
 #include "app/session.h"
+#include "host/scene_file.h"
 
 #include <iostream>
 
@@ -22,7 +23,7 @@ constexpr int kFailure = 3;
 int run(const app::Options& options)
 {
     const app::SessionResult result = app::runSession(options);
-    const app::RunOutcome outcome = app::readRunOutcome(result.before, *result.host, result.settings);
+    const app::RunOutcome outcome = app::readRunOutcome(result.before(), *result.host, result.settings);
     const app::RunReport report = app::describeRun(result, outcome);
     const int status = report.failures.empty() ? kDone : kFailure;
     // Every file first: when one cannot be written, nothing is, and nothing is printed but why.
@@ -31,11 +32,12 @@ int run(const app::Options& options)
     const bool scene_to_stdout = options.out == app::kStandardStream;
     if (!options.quiet) {
         std::ostream& table = scene_to_stdout ? std::cerr : std::cout;
-        table << app::layerTable(result.before, result.host->project(), outcome.not_reached)
+        table << app::layerTable(result.before(), result.host->project(), outcome.not_reached)
               << app::summaryText(report);
     }
     if (scene_to_stdout) {
-        std::cout << app::sceneAfter(result) << std::flush;
+        host::writeScene(*result.host, std::cout, result.settings);
+        std::cout << std::flush;
     }
     for (const std::string& failure : report.failures) {
         std::cerr << "orbisett-host: " << failure << "\n";

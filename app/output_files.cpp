@@ -6,9 +6,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <streambuf>
 
 namespace app {
 
@@ -52,17 +54,53 @@ mode_t newFileMode()
     return 0666 & ~mask;
 }
 
-// Writes all the bytes to an open file and closes it; the system's error, or 0.
-int writeAndClose(int fd, const std::string& bytes)
-{
-    int error = 0;
-    for (std::size_t done = 0; error == 0 && done < bytes.size();) {
-        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (n < 0 && errno != EINTR) {
-            error = errno;
+// A stream onto an open file descriptor that keeps the system's first error.
+class DescriptorBuffer : public std::streambuf {
+public:
+    explicit DescriptorBuffer(int fd) : fd_(fd) { setp(buffer_.data(), buffer_.data() + buffer_.size()); }
+    int error() const { return error_; }
+
+protected:
+    int_type overflow(int_type c) override
+    {
+        if (!flush()) {
+            return traits_type::eof();
         }
-        done += n > 0 ? static_cast<std::size_t>(n) : 0;
+        if (!traits_type::eq_int_type(c, traits_type::eof())) {
+            *pptr() = traits_type::to_char_type(c);
+            pbump(1);
+        }
+        return traits_type::not_eof(c);
     }
+    int sync() override { return flush() ? 0 : -1; }
+
+private:
+    bool flush()
+    {
+        for (const char* p = pbase(); error_ == 0 && p < pptr();) {
+            const ssize_t n = ::write(fd_, p, static_cast<std::size_t>(pptr() - p));
+            if (n < 0 && errno != EINTR) {
+                error_ = errno;
+            }
+            p += n > 0 ? n : 0;
+        }
+        setp(buffer_.data(), buffer_.data() + buffer_.size());
+        return error_ == 0;
+    }
+
+    int fd_;
+    int error_ = 0;
+    std::array<char, 1 << 16> buffer_{};
+};
+
+// Writes the file's content to an open file and closes it; the system's error, or 0.
+int writeAndClose(int fd, const OutputFile& file)
+{
+    DescriptorBuffer buffer(fd);
+    std::ostream stream(&buffer);
+    file.write(stream);
+    stream.flush();
+    int error = buffer.error();
     if (::close(fd) != 0 && error == 0) {
         error = errno;
     }
@@ -91,7 +129,7 @@ std::string writeBeside(const OutputFile& file, const std::string& target)
     if (fd < 0) {
         refuse(file, reason(file, errno));
     }
-    const int error = ::fchmod(fd, newFileMode()) == 0 ? writeAndClose(fd, file.bytes) : errno;
+    const int error = ::fchmod(fd, newFileMode()) == 0 ? writeAndClose(fd, file) : errno;
     if (error != 0) {
         ::unlink(temporary.c_str());
         refuse(file, reason(file, error));
@@ -102,13 +140,19 @@ std::string writeBeside(const OutputFile& file, const std::string& target)
 void writeInto(const OutputFile& file, const std::string& target)
 {
     const int fd = ::open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
-    const int error = fd < 0 ? errno : writeAndClose(fd, file.bytes);
+    const int error = fd < 0 ? errno : writeAndClose(fd, file);
     if (error != 0) {
         refuse(file, reason(file, error));
     }
 }
 
 }  // namespace
+
+OutputFile outputOf(std::string option, std::string path, std::string bytes)
+{
+    return {std::move(option), std::move(path),
+            [bytes = std::move(bytes)](std::ostream& out) { out.write(bytes.data(), static_cast<std::streamsize>(bytes.size())); }};
+}
 
 void writeAll(const std::vector<OutputFile>& files)
 {

@@ -22,27 +22,28 @@ std::string picture(const std::string& option, const std::string& path, const st
 
 }  // namespace
 
-std::string sceneAfter(const SessionResult& run) { return host::sceneText(*run.host, run.settings); }
-
 std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
                                     const nlohmann::json& report)
 {
     std::vector<OutputFile> files;
     if (!options.out.empty() && options.out != kStandardStream) {
-        files.push_back({"--out", options.out, sceneAfter(run)});
+        // Written as it is made: with keyframes the scene's text is larger than the project.
+        files.push_back({"--out", options.out,
+                         [&run](std::ostream& out) { host::writeScene(*run.host, out, run.settings); }});
     }
     if (!options.preview.empty()) {
-        files.push_back({"--preview", options.preview,
-                         picture("--preview", options.preview, drawPreview(run.host->project(), outcome).svg)});
+        files.push_back(outputOf("--preview", options.preview,
+                                 picture("--preview", options.preview, drawPreview(run.host->project(), outcome).svg)));
     }
     if (!options.dialog.empty()) {
-        files.push_back({"--dialog", options.dialog, picture("--dialog", options.dialog, run.dialog_svg)});
+        files.push_back(outputOf("--dialog", options.dialog, picture("--dialog", options.dialog, run.dialog_svg)));
     }
     if (!options.html.empty()) {
-        files.push_back({"--html", options.html, htmlPage(pageSceneData(run.before, run.host->project(), outcome))});
+        files.push_back(
+            outputOf("--html", options.html, htmlPage(pageSceneData(run.before(), run.host->project(), outcome))));
     }
     if (!options.json_report.empty()) {
-        files.push_back({"--json-report", options.json_report, report.dump(2) + "\n"});
+        files.push_back(outputOf("--json-report", options.json_report, report.dump(2) + "\n"));
     }
     return files;
 }

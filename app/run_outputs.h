@@ -13,9 +13,6 @@
 
 namespace app {
 
-// The scene after the run, as --out writes it.
-std::string sceneAfter(const SessionResult& run);
-
 // Every file asked for but a scene going to standard output: --out, --preview, --dialog, --html
 // (pictures in the format their names ask for) and --json-report.
 std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,

@@ -111,6 +111,12 @@ std::vector<std::string> hostReports(const host::Host& host)
     return lines;
 }
 
+const host::Project& SessionResult::before() const
+{
+    const host::Project* base = host->undoBase();
+    return base != nullptr ? *base : host->project();
+}
+
 host::Scene loadScene(const Options& options)
 {
     try {
@@ -138,7 +144,6 @@ SessionResult runSession(const Options& options)
     host::applyScene(host, std::move(scene));
     // A panel as large as the dialog, so the picture of it shows every control.
     host.setPanelSize(kDialogWidth, kDialogHeight);
-    result.before = host.project();
 
     startPlugin(host, options.plugin);
     openDialog(host, sceneName(options));

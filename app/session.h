@@ -28,7 +28,6 @@ struct ApplyFacts {
 
 struct SessionResult {
     std::unique_ptr<host::Host> host;    // the host after the run, the module unloaded
-    host::Project before;                // the project as the scene made it
     std::vector<ControlSetting> asked;   // what the scene's settings and --set asked for, in dialog order
     std::vector<ControlState> controls;  // the value controls as the window system shows them after the run
     bool dialog_enabled = false;         // not greyed out as a whole after the run ("Apply" enabled)
@@ -37,6 +36,11 @@ struct SessionResult {
     ApplyFacts apply;
     bool undo_asked = false;
     bool undone = false;  // one host undo step was taken back
+
+    // The project as the scene made it: the host's own undo snapshot of the run, or the project
+    // itself when nothing is left to undo. The run changes the project only inside its undo step,
+    // so no copy of the project is kept for this.
+    const host::Project& before() const;
 };
 
 // The scene to run: the file named on the command line, standard input for "-", or the

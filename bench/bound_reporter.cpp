@@ -10,6 +10,7 @@ namespace {
 
 constexpr const char* kLayers = "layers";
 constexpr const char* kTimes = "x_bound";
+constexpr const char* kTimesArithmetic = "x_arith";
 
 // Spread measures of a set of repetitions say nothing about the ratio.
 bool is_spread(const benchmark::BenchmarkReporter::Run& run)
@@ -20,8 +21,10 @@ bool is_spread(const benchmark::BenchmarkReporter::Run& run)
 
 }  // namespace
 
-BoundReporter::BoundReporter(double bound_ns_per_layer)
-    : ConsoleReporter(isatty(fileno(stdout)) != 0 ? OO_ColorTabular : OO_Tabular), bound_ns_(bound_ns_per_layer)
+BoundReporter::BoundReporter(double bound_ns_per_layer, double arithmetic_ns_per_layer)
+    : ConsoleReporter(isatty(fileno(stdout)) != 0 ? OO_ColorTabular : OO_Tabular),
+      bound_ns_(bound_ns_per_layer),
+      arithmetic_ns_(arithmetic_ns_per_layer)
 {
 }
 
@@ -36,6 +39,7 @@ void BoundReporter::ReportRuns(const std::vector<Run>& runs)
         const double seconds = run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
         const double ns_per_layer = seconds * 1e9 / layers->second.value;
         run.counters[kTimes] = benchmark::Counter(ns_per_layer / bound_ns_);
+        run.counters[kTimesArithmetic] = benchmark::Counter(ns_per_layer / arithmetic_ns_);
     }
     ConsoleReporter::ReportRuns(out);
 }

@@ -1,8 +1,9 @@
-// The layout of each mode for 10 to 10,000 records, per layer and against the lower bound.
+// The layout of each mode for 10 to 10,000 records, per layer and against the lower bounds.
 #include "bench/bound_reporter.h"
 #include "bench/cylinder_stand.h"
 #include "bench/layout_settings.h"
 #include "bench/lower_bound.h"
+#include "bench/placement_arithmetic.h"
 
 #include <benchmark/benchmark.h>
 
@@ -20,6 +21,18 @@ void BM_LowerBound(benchmark::State& state)
         lower_bound_layout(out, 500, 500, -1000);
     }
     count_layers(state, static_cast<double>(n));
+}
+
+void BM_PlacementArithmetic(benchmark::State& state)
+{
+    const std::vector<A_LPoint> sizes(static_cast<std::size_t>(state.range(0)), A_LPoint{100, 80});
+    std::vector<Placed> out;
+    for (auto _ : state) {
+        place_evenly(EvenlySettings{}, sizes, out);
+        benchmark::DoNotOptimize(out.data());
+        benchmark::ClobberMemory();
+    }
+    count_layers(state, static_cast<double>(sizes.size()));
 }
 
 void BM_Layout(benchmark::State& state, Mode mode)
@@ -46,6 +59,7 @@ void BM_Layout(benchmark::State& state, Mode mode)
 }  // namespace
 
 BENCHMARK(BM_LowerBound)->RangeMultiplier(10)->Range(10, 10000);
+BENCHMARK(BM_PlacementArithmetic)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(BM_Layout, evenly, Mode::evenly)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(BM_Layout, given_steps, Mode::given_steps)
     ->RangeMultiplier(10)

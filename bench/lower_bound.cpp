@@ -1,5 +1,6 @@
 #include "bench/lower_bound.h"
 
+#include "bench/placement_arithmetic.h"
 #include "math/constants.h"
 
 #include <benchmark/benchmark.h>
@@ -45,20 +46,20 @@ double thread_cpu_ns()
     return static_cast<double>(t.tv_sec) * 1e9 + static_cast<double>(t.tv_nsec);
 }
 
-double measure_lower_bound()
+// The best of several timed samples of CPU time, per layer, after one run to warm the caches.
+template <typename Run>
+double best_ns_per_layer(Run run, int layers)
 {
-    constexpr int kLayers = 10000;
     constexpr int kRunsPerSample = 20;
     constexpr int kSamples = 15;
-    std::vector<AEGP_ThreeDVal> out(kLayers);
-    lower_bound_layout(out, 500, 500, 0);  // warm the caches and the page tables
+    run();
     double best = 1e300;
     for (int sample = 0; sample < kSamples; ++sample) {
         const double start = thread_cpu_ns();
-        for (int run = 0; run < kRunsPerSample; ++run) {
-            lower_bound_layout(out, 500, 400, -1000);
+        for (int i = 0; i < kRunsPerSample; ++i) {
+            run();
         }
-        best = std::min(best, (thread_cpu_ns() - start) / (kRunsPerSample * double{kLayers}));
+        best = std::min(best, (thread_cpu_ns() - start) / (kRunsPerSample * static_cast<double>(layers)));
     }
     return best;
 }
@@ -67,7 +68,24 @@ double measure_lower_bound()
 
 double lower_bound_ns_per_layer()
 {
-    static const double ns = measure_lower_bound();
+    constexpr int kLayers = 10000;
+    static std::vector<AEGP_ThreeDVal> out(kLayers);
+    static const double ns = best_ns_per_layer([] { lower_bound_layout(out, 500, 400, -1000); }, kLayers);
+    return ns;
+}
+
+double arithmetic_ns_per_layer()
+{
+    constexpr int kLayers = 10000;
+    static const std::vector<A_LPoint> sizes(kLayers, A_LPoint{100, 80});
+    static std::vector<Placed> out;
+    static const double ns = best_ns_per_layer(
+        [] {
+            place_evenly(EvenlySettings{}, sizes, out);
+            benchmark::DoNotOptimize(out.data());
+            benchmark::ClobberMemory();
+        },
+        kLayers);
     return ns;
 }
 

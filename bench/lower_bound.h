@@ -15,4 +15,8 @@ void lower_bound_layout(std::vector<AEGP_ThreeDVal>& out, double a, double b, do
 // of CPU time, measured once and kept.
 double lower_bound_ns_per_layer();
 
+// The same for place_evenly (placement_arithmetic.h): every operation "Distribute Evenly" must do
+// to give its values, in a plain loop.
+double arithmetic_ns_per_layer();
+
 }  // namespace bench

@@ -57,7 +57,21 @@ std::vector<std::string> suiteKeys() {
     return keys;
 }
 
+void forgetSuiteSlots(State& s) { s.suite_slots.fill(SuiteSlot{}); }
+
 namespace {
+
+SuiteSlot& suiteSlot(State& s, const char* name, int32_t version) {
+    SuiteSlot& slot = slotFor(s.suite_slots, name, static_cast<std::uint32_t>(version));
+    if (slot.name == name && slot.version == version && slot.text == name) {
+        return slot;
+    }
+    const std::string key = suiteKey(name, version);
+    const auto counted = s.suite_counts.find(key);
+    slot = SuiteSlot{name, version, name, suiteTable(name, version), s.withheld.count(key) != 0,
+                     counted == s.suite_counts.end() ? nullptr : &counted->second};
+    return slot;
+}
 
 SPErr acquireSuite(const char* name, int32_t version, const void** suite) {
     A_Err err = A_Err_NONE;
@@ -68,14 +82,19 @@ SPErr acquireSuite(const char* name, int32_t version, const void** suite) {
     if (name == nullptr || suite == nullptr) {
         return A_Err_PARAMETER;
     }
-    const std::string key = suiteKey(name, version);
-    const void* table = suiteTable(name, version);
-    if (table == nullptr || s->withheld.count(key) != 0) {
-        s->refused.push_back(RefusedCall{"AcquireSuite " + key, A_Err_MISSING_SUITE});
+    SuiteSlot* slot = &suiteSlot(*s, name, version);
+    if (slot->table == nullptr || slot->withheld) {
+        s->refused.push_back(RefusedCall{"AcquireSuite " + suiteKey(name, version), A_Err_MISSING_SUITE});
         return A_Err_MISSING_SUITE;
     }
-    ++s->suite_counts[key].acquired;
-    *suite = table;
+    if (slot->count == nullptr) {
+        // A suite counted for the first time: slots holding no count for it must look again.
+        s->suite_counts.try_emplace(suiteKey(name, version));
+        forgetSuiteSlots(*s);
+        slot = &suiteSlot(*s, name, version);
+    }
+    ++slot->count->acquired;
+    *suite = slot->table;
     return A_Err_NONE;
 }
 
@@ -88,12 +107,12 @@ SPErr releaseSuite(const char* name, int32_t version) {
     if (name == nullptr) {
         return A_Err_PARAMETER;
     }
-    auto it = s->suite_counts.find(suiteKey(name, version));
-    if (it == s->suite_counts.end() || it->second.released >= it->second.acquired) {
+    SuiteCount* count = suiteSlot(*s, name, version).count;
+    if (count == nullptr || count->released >= count->acquired) {
         ++s->stray_releases;
         return A_Err_PARAMETER;
     }
-    ++it->second.released;
+    ++count->released;
     return A_Err_NONE;
 }
 
@@ -168,9 +187,15 @@ std::string suiteKey(std::string_view name, int32_t version) {
 
 SPBasicSuite* Host::basicSuite() { return &state_->basic; }
 
-void Host::withholdSuite(std::string_view name, int32_t version) { state_->withheld.insert(suiteKey(name, version)); }
+void Host::withholdSuite(std::string_view name, int32_t version) {
+    state_->withheld.insert(suiteKey(name, version));
+    detail::forgetSuiteSlots(*state_);
+}
 
-void Host::offerSuite(std::string_view name, int32_t version) { state_->withheld.erase(suiteKey(name, version)); }
+void Host::offerSuite(std::string_view name, int32_t version) {
+    state_->withheld.erase(suiteKey(name, version));
+    detail::forgetSuiteSlots(*state_);
+}
 
 bool Host::isWithheld(std::string_view name, int32_t version) const {
     return state_->withheld.count(suiteKey(name, version)) != 0;

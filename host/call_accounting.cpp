@@ -12,11 +12,17 @@ State* enter(const char* function, A_Err& err) {
         return nullptr;
     }
     State& s = h->state();
-    ++s.calls[function];
+    CallSlot& slot = slotFor(s.call_slots, function, 0);
+    if (slot.name != function) {
+        slot = CallSlot{function, &s.calls.try_emplace(function).first->second};
+    }
+    ++*slot.count;
     ++s.total_calls;
     A_Err fault = A_Err_NONE;
-    if (auto it = s.fail_functions.find(function); it != s.fail_functions.end()) {
-        fault = it->second;
+    if (!s.fail_functions.empty()) {
+        if (auto it = s.fail_functions.find(function); it != s.fail_functions.end()) {
+            fault = it->second;
+        }
     }
     if (s.fail_countdown > 0 && --s.fail_countdown == 0 && fault == A_Err_NONE) {
         fault = s.fail_nth_err;
@@ -45,6 +51,7 @@ std::map<std::string, int> Host::callCounts() const {
 
 void Host::resetCallCounts() {
     state_->calls.clear();
+    state_->call_slots.fill(detail::CallSlot{});
     state_->total_calls = 0;
 }
 

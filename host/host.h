@@ -146,6 +146,9 @@ public:
     bool undoBalanced() const;
     // Restores the snapshot of the last closed outermost group not yet undone; false if none.
     bool undo();
+    // The project as the oldest step that can still be undone found it: what undoing every step
+    // would bring back. Null when there is nothing to undo.
+    const Project* undoBase() const;
 
     // ---- Menus and hooks --------------------------------------------------------------
     std::vector<MenuItem> menuItems() const;                  // every menu, in menu order

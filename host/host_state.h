@@ -4,11 +4,13 @@
 #include "host/host.h"
 #include "host/project.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <set>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace host::detail {
@@ -37,6 +39,31 @@ struct SuiteCount {
     int acquired = 0;
     int released = 0;
 };
+
+// A suite version as the basic suite last found it for a name at one address. Plug-ins ask with
+// string literals, so the same address comes again and again; the text is compared all the same.
+struct SuiteSlot {
+    const char* name = nullptr;
+    int32_t version = 0;
+    std::string text;
+    const void* table = nullptr;  // null: the host has no such suite
+    bool withheld = false;
+    SuiteCount* count = nullptr;  // null until it was first acquired
+};
+
+// A call counter in State::calls found by the address of the function's name (a literal).
+struct CallSlot {
+    const char* name = nullptr;
+    int* count = nullptr;
+};
+
+constexpr std::size_t kSlots = 64;
+
+template <typename Slot>
+Slot& slotFor(std::array<Slot, kSlots>& slots, const void* address, std::uint32_t salt) {
+    const auto bits = reinterpret_cast<std::uintptr_t>(address);
+    return slots[((bits >> 3) ^ (bits >> 9) ^ salt) % kSlots];
+}
 
 struct Stream {
     Id layer = 0;
@@ -103,10 +130,12 @@ struct State {
     SPBasicSuite basic{};
     std::set<std::string> withheld;
     std::map<std::string, SuiteCount> suite_counts;
+    std::array<SuiteSlot, kSlots> suite_slots;  // emptied when the offer or the counted suites change
     int stray_releases = 0;
 
     // Calls and faults.
     std::map<std::string, int, std::less<>> calls;
+    std::array<CallSlot, kSlots> call_slots;  // so that counting a call does not build a string
     long total_calls = 0;
     long fail_countdown = 0;  // 0: no pending "n-th call" fault
     A_Err fail_nth_err = A_Err_NONE;
@@ -123,7 +152,7 @@ struct State {
     std::vector<UndoSnapshot> undo_stack;
     Project pending;  // snapshot taken when the outermost open group started
     std::size_t pending_group = 0;
-    std::set<Id> written_in_group;  // the open outermost group's `written`, for lookup
+    std::unordered_set<Id> written_in_group;  // the open outermost group's `written`, for lookup
     int depth = 0;
     int stray_ends = 0;
 

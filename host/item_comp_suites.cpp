@@ -3,7 +3,7 @@
 #include "host/host_state.h"
 #include "host/suite_tables.h"
 
-#include <algorithm>
+#include <unordered_set>
 
 namespace host::detail {
 
@@ -126,13 +126,14 @@ A_Err setSelection(AEGP_CompH comp, AEGP_CollectionH collection) {
         return A_Err_PARAMETER;
     }
     std::vector<Id> selection;
+    std::unordered_set<Id> chosen;
     for (const AEGP_CollectionItemV1& item : *items) {
         const LayerPlace place = placeOf(*s, item.u.layer.layerH);
         if (item.type != AEGP_CollectionItemType_LAYER || place.comp != c) {
             return A_Err_PARAMETER;
         }
         const Id id = place.layer()->id;
-        if (std::find(selection.begin(), selection.end(), id) == selection.end()) {
+        if (chosen.insert(id).second) {
             selection.push_back(id);
         }
     }

@@ -113,6 +113,32 @@ int Property::setKey(const A_Time& time, const Vec3& v) {
     return index;
 }
 
+std::size_t FootageIndex::find(const std::vector<Footage>& list, Id id) const {
+    const auto found = std::lower_bound(list.begin(), list.end(), id, [this](const Footage& f, Id wanted) {
+        ++visits_;
+        return f.id < wanted;
+    });
+    if (found != list.end() && found->id == id) {
+        return static_cast<std::size_t>(found - list.begin());
+    }
+    // Not where the order puts it: gone, or in a list that is out of order.
+    if (checked_size_ != list.size()) {
+        ordered_ = std::is_sorted(list.begin(), list.end(), [](const Footage& a, const Footage& b) { return a.id < b.id; });
+        checked_size_ = list.size();
+        visits_ += list.size();
+    }
+    if (ordered_) {
+        return list.size();
+    }
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        ++visits_;
+        if (list[i].id == id) {
+            return i;
+        }
+    }
+    return list.size();
+}
+
 Id Project::addFootage(std::string name, A_long width, A_long height) {
     Footage f;
     f.id = newId();
@@ -137,11 +163,7 @@ Id Project::addComp(std::string name, A_long width, A_long height, A_Time time) 
     return comps.back().id;
 }
 
-Id Project::addLayer(Id comp_id, std::string name, AEGP_ObjectType type, bool three_d, Id source) {
-    Comp* c = comp(comp_id);
-    if (c == nullptr) {
-        return 0;
-    }
+Layer newLayer(std::string name, AEGP_ObjectType type, bool three_d, Id source) {
     Layer l;
     l.id = newId();
     l.name = std::move(name);
@@ -149,8 +171,18 @@ Id Project::addLayer(Id comp_id, std::string name, AEGP_ObjectType type, bool th
     l.three_d = three_d;
     l.source = source;
     l.prop(Prop::scale).value = Vec3{100, 100, 100};
+    return l;
+}
+
+Id Project::addLayer(Id comp_id, std::string name, AEGP_ObjectType type, bool three_d, Id source) {
+    Comp* c = comp(comp_id);
+    if (c == nullptr) {
+        return 0;
+    }
+    Layer l = newLayer(std::move(name), type, three_d, source);
+    const Id id = l.id;
     c->layers.push_back(std::move(l));
-    return c->layers.back().id;
+    return id;
 }
 
 void Project::select(Id comp_id, const std::vector<Id>& layers) {
@@ -160,7 +192,9 @@ void Project::select(Id comp_id, const std::vector<Id>& layers) {
 }
 
 Comp* Project::comp(Id id) {
+    // Projects hold a handful of compositions.
     for (Comp& c : comps) {
+        ++comp_visits_;
         if (c.id == id) {
             return &c;
         }
@@ -171,12 +205,11 @@ Comp* Project::comp(Id id) {
 const Comp* Project::comp(Id id) const { return const_cast<Project*>(this)->comp(id); }
 
 Footage* Project::findFootage(Id id) {
-    for (Footage& f : footage) {
-        if (f.id == id) {
-            return &f;
-        }
+    if (id == 0) {
+        return nullptr;
     }
-    return nullptr;
+    const std::size_t place = footage_index_.find(footage, id);
+    return place < footage.size() ? &footage[place] : nullptr;
 }
 
 const Footage* Project::findFootage(Id id) const { return const_cast<Project*>(this)->findFootage(id); }
@@ -188,16 +221,27 @@ LayerPlace Project::find(Id layer_id) {
         return {};
     }
     for (Comp& c : comps) {
-        for (std::size_t i = 0; i < c.layers.size(); ++i) {
-            if (c.layers[i].id == layer_id) {
-                return LayerPlace{&c, i};
-            }
+        ++comp_visits_;
+        std::size_t index = 0;
+        if (Layer* found = c.layers.find(layer_id, &index)) {
+            return LayerPlace{&c, index, found};
         }
     }
     return {};
 }
 
-Layer* Project::layer(Id id) { return find(id).layer(); }
+Layer* Project::layer(Id id) {
+    if (id == 0) {
+        return nullptr;
+    }
+    for (Comp& c : comps) {
+        ++comp_visits_;
+        if (Layer* found = c.layers.find(id)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
 
 const Layer* Project::layer(Id id) const { return const_cast<Project*>(this)->layer(id); }
 
@@ -215,9 +259,18 @@ Id Project::duplicate(Id layer_id) {
     copy.copy_of = layer_id;
     copy.scene_number = 0;
     copy.copy_of_number = 0;
+    const Id id = copy.id;
     auto& layers = place.comp->layers;
     layers.insert(layers.begin() + static_cast<std::ptrdiff_t>(place.index), std::move(copy));
-    return layers[place.index].id;
+    return id;
+}
+
+std::size_t Project::lookupVisits() const {
+    std::size_t visits = comp_visits_ + footage_index_.visits();
+    for (const Comp& c : comps) {
+        visits += c.layers.visits();
+    }
+    return visits;
 }
 
 }  // namespace host

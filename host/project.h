@@ -1,59 +1,18 @@
 // The host's project: footage items, compositions with their layers in order, the selection of
 // each composition, the active item, and the animatable layer properties with their keyframes.
-// Plain values, so that the whole project can be copied for undo.
+// Plain values, so that the whole project can be copied for undo. Lookups by id take constant
+// time, whatever the size of the project.
 #pragma once
 
+#include "host/layer.h"
+#include "host/layer_list.h"
 #include "host_api.h"
 
-#include <array>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace host {
-
-// Identity of a project object. Ids are unique in the process and never reused, so a handle
-// made from an id can never come to mean another object.
-using Id = std::uint64_t;
-Id newId();
-
-struct Vec3 {
-    double x = 0, y = 0, z = 0;
-    friend bool operator==(const Vec3&, const Vec3&) = default;
-};
-
-// The animatable properties a layer has. Rotations are one-dimensional: their value is in x.
-enum class Prop : std::size_t { position, scale, orientation, rotate_x, rotate_y, rotate_z };
-constexpr std::size_t kPropCount = 6;
-bool isOneD(Prop prop);
-// The property behind a layer stream identifier; false for streams the host does not keep.
-bool propFromStream(AEGP_LayerStream stream, Prop* prop);
-AEGP_StreamType streamTypeOf(Prop prop);
-const char* propName(Prop prop);  // "position", "scale", "orientation", "rotation_x", ...
-
-// Compares two times exactly (as fractions); -1, 0 or 1. A zero scale counts as 1.
-int compareTimes(const A_Time& a, const A_Time& b);
-double seconds(const A_Time& t);
-
-struct Keyframe {
-    A_Time time{0, 1};
-    Vec3 value;
-};
-
-struct Property {
-    Vec3 value;                   // the static value, used while there are no keyframes
-    std::vector<Keyframe> keys;   // sorted by time, at most one key per time
-
-    // Linear between keys, held before the first and after the last.
-    Vec3 valueAt(const A_Time& time) const;
-    // Index of the key at exactly this time, or -1.
-    int keyAt(const A_Time& time) const;
-    // Adds a key holding `value` at `time` (keeping an existing key there); returns its index.
-    int insertKey(const A_Time& time, const Vec3& value);
-    // Sets the key at `time` to `value`, adding one when none is there; returns its index.
-    int setKey(const A_Time& time, const Vec3& value);
-};
 
 struct Footage {
     Id id = 0;
@@ -61,35 +20,39 @@ struct Footage {
     A_long width = 0, height = 0;
 };
 
-struct Layer {
-    Id id = 0;
-    std::string name;
-    AEGP_ObjectType type = AEGP_ObjectType_AV;
-    bool three_d = true;
-    Id source = 0;                            // a footage item (or comp); 0 for none
-    std::array<Property, kPropCount> props;   // indexed by Prop
-    Id copy_of = 0;                           // the layer this one was made as a copy of
-    int scene_number = 0;                     // 1-based place in the scene it was read from; 0 if made later
-    int copy_of_number = 0;                   // "copy_of" as read from a scene: the scene number it copies
-
-    Property& prop(Prop p) { return props[static_cast<std::size_t>(p)]; }
-    const Property& prop(Prop p) const { return props[static_cast<std::size_t>(p)]; }
-};
-
 struct Comp {
     Id id = 0;  // also the id of the composition's project item
     std::string name;
     A_long width = 0, height = 0;
     A_Time time{0, 1};          // the current time; every layer's current time
-    std::vector<Layer> layers;  // layer order: index 0 is layer number 1
+    LayerList layers;           // layer order: index 0 is layer number 1
     std::vector<Id> selection;  // selected layers in the order they were selected
 };
+
+// A layer with a new id, Scale at 100 % and everything else at rest, not yet in a composition.
+Layer newLayer(std::string name, AEGP_ObjectType type, bool three_d, Id source = 0);
 
 // Where a layer lives.
 struct LayerPlace {
     Comp* comp = nullptr;
-    std::size_t index = 0;  // 0-based
-    Layer* layer() const { return comp ? &comp->layers[index] : nullptr; }
+    std::size_t index = 0;    // 0-based
+    Layer* found = nullptr;   // the layer itself, as Project::find gives it
+    Layer* layer() const { return found != nullptr ? found : (comp ? &comp->layers[index] : nullptr); }
+};
+
+// Finds footage items by id. Items added through the project come in ascending id order, so a
+// binary search of the list finds them with nothing kept beside it; a list put out of that order
+// from outside is searched from end to end.
+class FootageIndex {
+public:
+    // The place of the item with this id in `list`, or `list.size()` when there is none.
+    std::size_t find(const std::vector<Footage>& list, Id id) const;
+    std::size_t visits() const { return visits_; }
+
+private:
+    mutable std::size_t checked_size_ = 0;  // the list's size when its order was last checked
+    mutable bool ordered_ = true;
+    mutable std::size_t visits_ = 0;
 };
 
 struct Project {
@@ -119,6 +82,14 @@ struct Project {
 
     // Inserts a copy of a layer directly above it (taking its index); returns the copy's id.
     Id duplicate(Id layer);
+
+    // Entries the lookups by id have examined so far: layers, footage items, compositions and the
+    // blocks of the layer lists. Constant per lookup, so tests can tell a search from an index.
+    std::size_t lookupVisits() const;
+
+private:
+    FootageIndex footage_index_;
+    mutable std::size_t comp_visits_ = 0;
 };
 
 }  // namespace host

@@ -8,6 +8,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -40,6 +41,9 @@ void loadScene(Host& host, const std::string& path, nlohmann::json* settings = n
 // The host's active composition (or its first) as a scene, with copies, undo groups and
 // reports; `settings` is written when it is not null.
 std::string sceneText(const Host& host, const nlohmann::json& settings = nullptr);
+// The same text sent to a stream as it is made, so that a large scene is never held whole; throws
+// std::runtime_error when the stream fails.
+void writeScene(const Host& host, std::ostream& stream, const nlohmann::json& settings = nullptr);
 // Throws SceneError when the file cannot be written.
 void saveScene(const Host& host, const std::string& path, const nlohmann::json& settings = nullptr);
 

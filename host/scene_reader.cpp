@@ -10,8 +10,10 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <optional>
 #include <set>
 #include <sstream>
+#include <unordered_set>
 
 namespace host {
 
@@ -102,28 +104,48 @@ private:
     std::vector<Frame> frames_;
 };
 
+// Layers are taken out of the document as the parser finishes each one, so a scene of tens of
+// thousands of layers never stands as a whole document next to its project. The order in which
+// errors are reported stays that of reading the whole document first: syntax, the top level, the
+// host, the composition, then the first bad layer.
+// The place where reading stops, found by reading the input again from its start.
+std::string placeOfFailure(const std::string& text) {
+    PlaceFinder finder;
+    json::sax_parse(text, &finder);
+    return finder.place;
+}
+
+std::string placeOfFailure(std::istream& in) {
+    in.clear();
+    in.seekg(0);
+    PlaceFinder finder;
+    json::sax_parse(in, &finder);
+    return finder.place;
+}
+
 class SceneReader {
 public:
     explicit SceneReader(std::string file) : file_(std::move(file)) {}
 
-    Scene read(const std::string& text) {
-        const json root = parse(text);
+    template <typename Input>
+    Scene read(Input&& input) {
+        Scene scene;
+        const json root = parse(std::forward<Input>(input), scene.project);
         expectType(root, "$", json::value_t::object);
         checkKeys(root, "$", {"host", "comp", "layers", "selection", "settings", "undo_groups", "reports"});
-        Scene scene;
         if (root.contains("host")) {
             readHost(root["host"], "$.host", scene);
         }
         const Id comp = readComp(need(root, "$", "comp"), "$.comp", scene.project);
-        const json& layers = need(root, "$", "layers");
-        expectType(layers, "$.layers", json::value_t::array);
-        std::vector<Id> marked;
-        for (std::size_t i = 0; i < layers.size(); ++i) {
-            readLayer(layers[i], element("$.layers", i), static_cast<int>(i + 1), comp, scene.project, marked);
+        expectType(need(root, "$", "layers"), "$.layers", json::value_t::array);
+        if (layer_error_) {
+            throw *layer_error_;
         }
-        std::vector<Id> selection = marked;
+        Comp& c = *scene.project.comp(comp);
+        c.layers = std::move(layers_);
+        std::vector<Id> selection = std::move(marked_);
         if (root.contains("selection")) {
-            selection = readSelection(root["selection"], "$.selection", *scene.project.comp(comp));
+            selection = readSelection(root["selection"], "$.selection", c);
         }
         scene.project.select(comp, selection);
         for (const char* key : {"undo_groups", "reports"}) {
@@ -143,17 +165,64 @@ private:
         throw SceneError(file_ + ": at " + path + ": " + problem);
     }
 
-    json parse(const std::string& text) const {
+    template <typename Input>
+    json parse(Input&& input, Project& project) {
         try {
-            return json::parse(text);
+            return json::parse(std::forward<Input>(input), [&](int depth, json::parse_event_t event, json& parsed) {
+                return take(depth, event, parsed, project);
+            });
         } catch (const json::parse_error& e) {
             throw SceneError(file_ + ": not valid JSON: " + plainMessage(e.what()));
         } catch (const json::exception& e) {
             // Number overflow: a number that is not finite once read.
-            PlaceFinder finder;
-            json::sax_parse(text, &finder);
-            throw SceneError(file_ + ": at " + finder.place + ": not a usable number: " + plainMessage(e.what()));
+            throw SceneError(file_ + ": at " + placeOfFailure(input) + ": not a usable number: " +
+                             plainMessage(e.what()));
         }
+    }
+
+    // Sees every parse event; an element of the top-level "layers" array is read into a layer as
+    // soon as it is complete and dropped from the document (false).
+    bool take(int depth, json::parse_event_t event, const json& parsed, Project& project) {
+        using Event = json::parse_event_t;
+        if (depth == 1) {
+            if (event == Event::key) {
+                top_key_ = parsed.get<std::string>();
+                if (top_key_ == "layers") {
+                    // A repeated key: the last one counts, as it does for every other key.
+                    startLayers(project);
+                }
+            } else if (event == Event::array_start || event == Event::object_start) {
+                in_layers_ = event == Event::array_start && top_key_ == "layers";
+            } else if (event == Event::array_end) {
+                in_layers_ = false;
+            }
+            return true;
+        }
+        const bool element_done = event == Event::object_end || event == Event::array_end || event == Event::value;
+        if (depth != 2 || !in_layers_ || !element_done) {
+            return true;
+        }
+        const std::size_t i = count_++;
+        if (!layer_error_) {
+            try {
+                readLayer(parsed, element("$.layers", i), static_cast<int>(i + 1), project);
+            } catch (const SceneError& e) {
+                layer_error_ = e;
+            }
+        }
+        return false;
+    }
+
+    void startLayers(Project& project) {
+        layers_.clear();
+        marked_.clear();
+        layer_error_.reset();
+        count_ = 0;
+        // Sources made for an earlier "layers" go with it.
+        if (footage_mark_) {
+            project.footage.resize(*footage_mark_);
+        }
+        footage_mark_ = project.footage.size();
     }
 
     void expectType(const json& j, const std::string& path, json::value_t type) const {
@@ -334,8 +403,7 @@ private:
         }
     }
 
-    void readLayer(const json& j, const std::string& path, int number, Id comp, Project& project,
-                   std::vector<Id>& marked) const {
+    void readLayer(const json& j, const std::string& path, int number, Project& project) {
         expectType(j, path, json::value_t::object);
         checkKeys(j, path,
                   {"name", "type", "three_d", "source", "position", "scale", "orientation", "rotation", "keyframes",
@@ -355,8 +423,7 @@ private:
             const A_long h = readSize(need(j["source"], where, "height"), member(where, "height"));
             source = project.addFootage(name + " source", w, h);
         }
-        const Id id = project.addLayer(comp, name, type, three_d, source);
-        Layer& layer = *project.layer(id);
+        Layer layer = newLayer(name, type, three_d, source);
         layer.scene_number = number;
         if (j.contains("position")) layer.prop(Prop::position).value = readVec3(j["position"], member(path, "position"));
         if (j.contains("scale")) layer.prop(Prop::scale).value = readVec3(j["scale"], member(path, "scale"));
@@ -376,13 +443,15 @@ private:
             layer.copy_of_number = static_cast<int>(readInteger(j["copy_of"], member(path, "copy_of"), 1, 1000000));
         }
         if (j.contains("selected") && readBool(j["selected"], member(path, "selected"))) {
-            marked.push_back(id);
+            marked_.push_back(layer.id);
         }
+        layers_.push_back(std::move(layer));
     }
 
     std::vector<Id> readSelection(const json& j, const std::string& path, const Comp& comp) const {
         expectType(j, path, json::value_t::array);
         std::vector<Id> selection;
+        std::unordered_set<Id> chosen;
         for (std::size_t i = 0; i < j.size(); ++i) {
             const std::string where = element(path, i);
             if (!j[i].is_number_integer()) {
@@ -394,7 +463,7 @@ private:
                                 std::to_string(comp.layers.size()) + " layers)");
             }
             const Id id = comp.layers[static_cast<std::size_t>(number - 1)].id;
-            if (std::find(selection.begin(), selection.end(), id) != selection.end()) {
+            if (!chosen.insert(id).second) {
                 fail(where, "layer " + std::to_string(number) + " is selected twice");
             }
             selection.push_back(id);
@@ -403,6 +472,14 @@ private:
     }
 
     std::string file_;
+    // The layers read so far, in file order, and those marked "selected".
+    LayerList layers_;
+    std::vector<Id> marked_;
+    std::optional<SceneError> layer_error_;  // the first bad layer, reported in its turn
+    std::size_t count_ = 0;                  // elements of "layers" seen
+    std::string top_key_;
+    bool in_layers_ = false;
+    std::optional<std::size_t> footage_mark_;  // footage items before the first "layers"
 };
 
 }  // namespace
@@ -418,9 +495,8 @@ Scene readSceneFile(const std::string& path) {
     if (!in) {
         throw SceneError(path + ": cannot be read: " + std::strerror(errno));
     }
-    std::ostringstream text;
-    text << in.rdbuf();
-    return parseScene(text.str(), path);
+    // Parsed straight from the file: the text is never held whole.
+    return SceneReader(path).read(in);
 }
 
 }  // namespace host

@@ -2,15 +2,16 @@
 // their shortest form that reads back to the same double.
 #include "host/scene_file.h"
 
-#include <algorithm>
+#include "host/json_text.h"
+
 #include <fstream>
-#include <map>
+#include <stdexcept>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace host {
 
 namespace {
-
-using Ordered = nlohmann::ordered_json;
 
 const char* typeText(AEGP_ObjectType type) {
     switch (type) {
@@ -22,9 +23,31 @@ const char* typeText(AEGP_ObjectType type) {
     }
 }
 
-Ordered vec3(const Vec3& v) { return Ordered::array({v.x, v.y, v.z}); }
+void vec3(JsonText& out, const Vec3& v) {
+    out.beginArray();
+    out.value(v.x);
+    out.value(v.y);
+    out.value(v.z);
+    out.endArray();
+}
 
-Ordered time(const A_Time& t) { return Ordered{{"value", t.value}, {"scale", t.scale}}; }
+void time(JsonText& out, const A_Time& t) {
+    out.beginObject();
+    out.key("value");
+    out.value(t.value);
+    out.key("scale");
+    out.value(t.scale);
+    out.endObject();
+}
+
+void size(JsonText& out, A_long width, A_long height) {
+    out.beginObject();
+    out.key("width");
+    out.value(width);
+    out.key("height");
+    out.value(height);
+    out.endObject();
+}
 
 // The scene number of the layer a copy stands for, following copies of copies.
 int copiedNumber(const Project& project, const Layer& layer) {
@@ -41,49 +64,77 @@ int copiedNumber(const Project& project, const Layer& layer) {
     return 0;
 }
 
-Ordered keyframes(const Layer& layer) {
-    Ordered out = Ordered::object();
+bool hasKeys(const Layer& layer) {
+    for (const Property& property : layer.props) {
+        if (!property.keys.empty()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void keyframes(JsonText& out, const Layer& layer) {
+    out.beginObject();
     for (std::size_t p = 0; p < kPropCount; ++p) {
         const Prop prop = static_cast<Prop>(p);
         const Property& property = layer.prop(prop);
         if (property.keys.empty()) {
             continue;
         }
-        Ordered list = Ordered::array();
+        out.key(propName(prop));
+        out.beginArray();
         for (const Keyframe& k : property.keys) {
-            list.push_back(Ordered{{"time", time(k.time)}, {"value", isOneD(prop) ? Ordered(k.value.x) : vec3(k.value)}});
+            out.beginObject();
+            out.key("time");
+            time(out, k.time);
+            out.key("value");
+            if (isOneD(prop)) {
+                out.value(k.value.x);
+            } else {
+                vec3(out, k.value);
+            }
+            out.endObject();
         }
-        out[propName(prop)] = std::move(list);
+        out.endArray();
     }
-    return out;
+    out.endObject();
 }
 
-Ordered layerJson(const Project& project, const Comp& comp, const Layer& layer) {
-    Ordered out;
-    out["name"] = layer.name;
-    out["type"] = typeText(layer.type);
-    out["three_d"] = layer.three_d;
-    const Footage* source = project.findFootage(layer.source);
-    const Comp* source_comp = project.comp(layer.source);
-    if (source != nullptr) {
-        out["source"] = Ordered{{"width", source->width}, {"height", source->height}};
-    } else if (source_comp != nullptr) {
-        out["source"] = Ordered{{"width", source_comp->width}, {"height", source_comp->height}};
+void layerJson(JsonText& out, const Project& project, const Layer& layer, bool selected) {
+    out.beginObject();
+    out.key("name");
+    out.value(layer.name);
+    out.key("type");
+    out.value(typeText(layer.type));
+    out.key("three_d");
+    out.value(layer.three_d);
+    if (const Footage* source = project.findFootage(layer.source)) {
+        out.key("source");
+        size(out, source->width, source->height);
+    } else if (const Comp* source_comp = project.comp(layer.source)) {
+        out.key("source");
+        size(out, source_comp->width, source_comp->height);
     }
-    out["position"] = vec3(layer.prop(Prop::position).value);
-    out["scale"] = vec3(layer.prop(Prop::scale).value);
-    out["orientation"] = vec3(layer.prop(Prop::orientation).value);
-    out["rotation"] = Ordered::array({layer.prop(Prop::rotate_x).value.x, layer.prop(Prop::rotate_y).value.x,
-                                      layer.prop(Prop::rotate_z).value.x});
-    Ordered keys = keyframes(layer);
-    if (!keys.empty()) {
-        out["keyframes"] = std::move(keys);
+    out.key("position");
+    vec3(out, layer.prop(Prop::position).value);
+    out.key("scale");
+    vec3(out, layer.prop(Prop::scale).value);
+    out.key("orientation");
+    vec3(out, layer.prop(Prop::orientation).value);
+    out.key("rotation");
+    vec3(out, Vec3{layer.prop(Prop::rotate_x).value.x, layer.prop(Prop::rotate_y).value.x,
+                   layer.prop(Prop::rotate_z).value.x});
+    if (hasKeys(layer)) {
+        out.key("keyframes");
+        keyframes(out, layer);
     }
-    out["selected"] = std::find(comp.selection.begin(), comp.selection.end(), layer.id) != comp.selection.end();
+    out.key("selected");
+    out.value(selected);
     if (const int copied = copiedNumber(project, layer); copied > 0) {
-        out["copy_of"] = copied;
+        out.key("copy_of");
+        out.value(copied);
     }
-    return out;
+    out.endObject();
 }
 
 const Comp* sceneComp(const Project& project) {
@@ -93,63 +144,134 @@ const Comp* sceneComp(const Project& project) {
     return project.comps.empty() ? nullptr : &project.comps.front();
 }
 
-}  // namespace
+void writeHost(JsonText& out, const Host& host) {
+    out.beginObject();
+    out.key("panels");
+    out.value(!host.isWithheld(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1));
+    out.key("withhold");
+    out.beginArray();
+    const std::string panel_key = suiteKey(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1);
+    for (const std::string& key : host.withheldSuites()) {
+        if (key != panel_key) {
+            out.value(key);
+        }
+    }
+    out.endArray();
+    out.endObject();
+}
 
-std::string sceneText(const Host& host, const nlohmann::json& settings) {
+void writeComp(JsonText& out, const Comp& comp) {
+    out.beginObject();
+    out.key("name");
+    out.value(comp.name);
+    out.key("width");
+    out.value(comp.width);
+    out.key("height");
+    out.value(comp.height);
+    out.key("time");
+    time(out, comp.time);
+    out.endObject();
+}
+
+void writeLayersAndSelection(JsonText& out, const Project& project, const Comp& comp) {
+    const std::unordered_set<Id> selected(comp.selection.begin(), comp.selection.end());
+    std::unordered_map<Id, int> numbers;
+    numbers.reserve(comp.layers.size());
+    out.key("layers");
+    out.beginArray();
+    for (std::size_t i = 0; i < comp.layers.size(); ++i) {
+        const Layer& layer = comp.layers[i];
+        layerJson(out, project, layer, selected.count(layer.id) != 0);
+        numbers[layer.id] = static_cast<int>(i + 1);
+    }
+    out.endArray();
+    out.key("selection");
+    out.beginArray();
+    for (Id id : comp.selection) {
+        if (auto number = numbers.find(id); number != numbers.end()) {
+            out.value(number->second);
+        }
+    }
+    out.endArray();
+}
+
+void writeRecord(JsonText& out, const Host& host) {
+    out.key("undo_groups");
+    out.beginArray();
+    for (const UndoGroup& g : host.undoGroups()) {
+        if (g.depth == 0) {
+            out.beginObject();
+            out.key("name");
+            out.value(g.name);
+            out.key("closed");
+            out.value(g.closed);
+            out.key("undone");
+            out.value(g.undone);
+            out.endObject();
+        }
+    }
+    out.endArray();
+    out.key("reports");
+    out.beginArray();
+    for (const Report& r : host.reports()) {
+        out.value(r.text);
+    }
+    out.endArray();
+}
+
+void writeSceneText(JsonText& out, const Host& host, const nlohmann::json& settings) {
     const Project& project = host.project();
     const Comp* comp = sceneComp(project);
     if (comp == nullptr) {
         throw SceneError("the project has no composition to write");
     }
-    Ordered root;
-    Ordered withhold = Ordered::array();
-    const std::string panel_key = suiteKey(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1);
-    for (const std::string& key : host.withheldSuites()) {
-        if (key != panel_key) {
-            withhold.push_back(key);
-        }
-    }
-    root["host"] = Ordered{{"panels", !host.isWithheld(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1)},
-                           {"withhold", std::move(withhold)}};
-    root["comp"] = Ordered{{"name", comp->name}, {"width", comp->width}, {"height", comp->height}, {"time", time(comp->time)}};
-    Ordered layers = Ordered::array();
-    std::map<Id, int> numbers;
-    for (std::size_t i = 0; i < comp->layers.size(); ++i) {
-        layers.push_back(layerJson(project, *comp, comp->layers[i]));
-        numbers[comp->layers[i].id] = static_cast<int>(i + 1);
-    }
-    root["layers"] = std::move(layers);
-    Ordered selection = Ordered::array();
-    for (Id id : comp->selection) {
-        if (numbers.count(id) != 0) {
-            selection.push_back(numbers[id]);
-        }
-    }
-    root["selection"] = std::move(selection);
-    Ordered groups = Ordered::array();
-    for (const UndoGroup& g : host.undoGroups()) {
-        if (g.depth == 0) {
-            groups.push_back(Ordered{{"name", g.name}, {"closed", g.closed}, {"undone", g.undone}});
-        }
-    }
-    root["undo_groups"] = std::move(groups);
-    Ordered reports = Ordered::array();
-    for (const Report& r : host.reports()) {
-        reports.push_back(r.text);
-    }
-    root["reports"] = std::move(reports);
+    out.beginObject();
+    out.key("host");
+    writeHost(out, host);
+    out.key("comp");
+    writeComp(out, *comp);
+    writeLayersAndSelection(out, project, *comp);
+    writeRecord(out, host);
     if (!settings.is_null()) {
-        root["settings"] = Ordered(settings);
+        out.key("settings");
+        out.document(settings);
     }
-    return root.dump(2) + "\n";
+    out.endObject();
+}
+
+}  // namespace
+
+std::string sceneText(const Host& host, const nlohmann::json& settings) {
+    JsonText out;
+    writeSceneText(out, host, settings);
+    std::string text = out.take();
+    text += '\n';
+    return text;
+}
+
+void writeScene(const Host& host, std::ostream& stream, const nlohmann::json& settings) {
+    JsonText out(&stream);
+    writeSceneText(out, host, settings);
+    out.finish();
+    if (!stream.put('\n').flush()) {
+        throw std::runtime_error("the scene could not be written");
+    }
 }
 
 void saveScene(const Host& host, const std::string& path, const nlohmann::json& settings) {
-    const std::string text = sceneText(host, settings);
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << text;
-    out.flush();
-    if (!out) {
+    if (sceneComp(host.project()) == nullptr) {
+        throw SceneError("the project has no composition to write");
+    }
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    if (!file) {
+        throw SceneError(path + ": cannot be written");
+    }
+    try {
+        writeScene(host, file, settings);
+    } catch (const std::runtime_error&) {
+        throw SceneError(path + ": cannot be written");
+    }
+    if (!file) {
         throw SceneError(path + ": cannot be written");
     }
 }

@@ -35,6 +35,7 @@ A_Err endUndoGroup(State& s) {
     if (s.depth == 0) {
         s.undo_stack.push_back(UndoSnapshot{s.pending_group, std::move(s.pending)});
         s.pending = Project{};
+        s.written_in_group.clear();  // only needed while the group is open
     }
     return A_Err_NONE;
 }
@@ -65,6 +66,14 @@ bool Host::undo() {
     s.project = std::move(snapshot.project);
     s.groups[snapshot.group].undone = true;
     return true;
+}
+
+const Project* Host::undoBase() const {
+    const detail::State& s = *state_;
+    if (!s.undo_stack.empty()) {
+        return &s.undo_stack.front().project;
+    }
+    return s.depth > 0 ? &s.pending : nullptr;
 }
 
 }  // namespace host

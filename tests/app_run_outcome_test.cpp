@@ -28,7 +28,7 @@ protected:
         options.undo = undo;
         options.plugin = ORBISETT_MODULE_PATH;
         const app::SessionResult result = app::runSession(options);
-        return app::readRunOutcome(result.before, *result.host, result.settings);
+        return app::readRunOutcome(result.before(), *result.host, result.settings);
     }
 };
 

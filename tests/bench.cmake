@@ -1,5 +1,6 @@
 # The faster layout answers exactly as the plain one: the footprint index against testing every
-# footprint, and a layout run with settings read once against the same layout reading every time.
+# footprint, a layout run with settings read once against the same layout reading every time, and
+# the plain arithmetic of an even placement against the layout.
 orbisett_test(bench_equivalence_tests
-  SOURCES bench_equivalence_test.cpp
+  SOURCES bench_equivalence_test.cpp ${CMAKE_SOURCE_DIR}/bench/placement_arithmetic.cpp
   LIBS orbisett_core orbisett_hostlib orbisett_platform)

@@ -1,7 +1,11 @@
 // The footprint index and the settings read once per layout change no result: every answer and
 // every placement is compared, bit for bit, with the plain test of every footprint and with a
-// layout that reads each control whenever it needs it.
+// layout that reads each control whenever it needs it. The plain loop the benchmarks take as the
+// arithmetic of an even placement gives the layout's values bit for bit.
 #include "cylinder_fixture.h"
+
+#include "bench/placement_arithmetic.h"
+#include "cylinder/settings_table.h"
 
 #include "cylinder/footprint_index.h"
 #include "cylinder/layout_scope.h"
@@ -286,6 +290,68 @@ TEST_F(LayoutEquivalence, Ring)
     dlg_->layers = input;
     ASSERT_EQ(0, dlg().get_layers_pos());
     EXPECT_EQ(plain, result());
+}
+
+// Front to back, both sides, an elliptic section, a centre away from the origin and inward faces:
+// the plain loop must give every value and footprint of the layout, bit for bit.
+TEST_F(LayoutEquivalence, PlainArithmeticOfAnEvenPlacementGivesTheLayoutsValues)
+{
+    const struct {
+        ADMInt32 side;
+        double phi0;
+        float dim_x, dim_z;
+        float centre;
+        bool inward;
+    } cases[] = {{RADIO_BEGIN_FRONT, 0, 1000, 1000, 0, false},
+                 {RADIO_BEGIN_LEFT, -math::Constant_Half_PI, 1700, 600, 250, true},
+                 {RADIO_BEGIN_BACK, math::Constant_PI, 300, 2200, -40, false},
+                 {RADIO_BEGIN_RIGHT, math::Constant_Half_PI, 1000, 1000, 0, true}};
+    for (const auto& c : cases) {
+        set_bool(CHECK_DISTRIBUTE_EVENLY, true);
+        begin_at(c.side);
+        set_bool(RADIO_INWARD, c.inward);
+        set_bool(RADIO_OUTWARD, !c.inward);
+        set_float(EDIT_DIM_X, c.dim_x);
+        set_float(EDIT_DIM_Z, c.dim_z);
+        for (ADMInt32 id : {EDIT_SPHERE_CENTER_X, EDIT_SPHERE_CENTER_Y, EDIT_SPHERE_CENTER_Z}) {
+            set_float(id, c.centre);
+        }
+        mixed_records(997);
+        std::vector<A_LPoint> sizes;
+        for (const LayerInfo& r : dlg_->layers) {
+            sizes.push_back(r.size);
+        }
+        ASSERT_EQ(0, dlg().get_layers_pos());
+
+        bench::EvenlySettings settings;
+        settings.dim_x = c.dim_x;
+        settings.dim_z = c.dim_z;
+        settings.dim_y = EDIT_DIM_Y_DFLT;
+        settings.centre_x = settings.centre_y = settings.centre_z = c.centre;
+        settings.phi0 = c.phi0;
+        settings.inward = c.inward;
+        std::vector<bench::Placed> plain;
+        bench::place_evenly(settings, sizes, plain);
+
+        const auto append = [](std::vector<unsigned char>& out, const auto& v) {
+            const auto* p = reinterpret_cast<const unsigned char*>(&v);
+            out.insert(out.end(), p, p + sizeof v);
+        };
+        std::vector<unsigned char> expected;
+        for (const bench::Placed& placed : plain) {
+            append(expected, placed.position);
+            append(expected, placed.orientation);
+            append(expected, placed.footprint);
+        }
+        std::vector<unsigned char> layout;
+        std::size_t i = 0;
+        for (const LayerInfo& r : dlg_->layers) {
+            append(layout, r.position.val.three_d);
+            append(layout, r.orientation.val.three_d);
+            append(layout, state().volumes.at(i++));
+        }
+        EXPECT_EQ(layout, expected) << "begin side " << c.side;
+    }
 }
 
 TEST_F(LayoutEquivalence, CountOfRepeatedLayersMatchesTheGivenStepsLayout)

@@ -2,6 +2,8 @@
 // properties at a time with and without keyframes.
 #include "host_fixture.h"
 
+#include <random>
+
 using host::Prop;
 using host::Vec3;
 
@@ -195,6 +197,97 @@ TEST_F(HostReading, BadHandlesAndArgumentsAreErrorsThatTouchNothing) {
                                                            AEGP_LTimeMode_CompTime, nullptr, 0, &v, nullptr));
     EXPECT_EQ(A_Err_PARAMETER, ss->AEGP_GetLayerStreamValue(h.layerHandle(b), AEGP_LayerStream_POSITION, 7, &at,
                                                            0, &v, nullptr));
+}
+
+// Thousands of inserts and removals at random places, spread over many blocks, against a vector.
+TEST(HostLayerList, KeepsOrderPlacesAndIdsAsAVectorWould) {
+    host::LayerList list;
+    std::vector<host::Id> model;
+    std::mt19937 random(7);
+    auto check = [&](const host::LayerList& l) {
+        ASSERT_EQ(model.size(), l.size());
+        std::size_t i = 0;
+        for (const host::Layer& layer : l) {
+            ASSERT_EQ(model[i], layer.id) << "at " << i;
+            std::size_t index = 0;
+            ASSERT_EQ(&layer, l.find(layer.id, &index));
+            ASSERT_EQ(i, index);
+            ++i;
+        }
+    };
+    for (int step = 0; step < 6000; ++step) {
+        const std::size_t place = model.empty() ? 0 : random() % (model.size() + 1);
+        if (step % 3 == 2 && place < model.size()) {
+            const host::Id gone = model[place];
+            EXPECT_EQ(place, list.erase(list.begin() + static_cast<std::ptrdiff_t>(place)).place());
+            model.erase(model.begin() + static_cast<std::ptrdiff_t>(place));
+            EXPECT_EQ(nullptr, list.find(gone));
+        } else {
+            host::Layer layer = host::newLayer("L", AEGP_ObjectType_AV, true);
+            model.insert(model.begin() + static_cast<std::ptrdiff_t>(place), layer.id);
+            list.insert(list.begin() + static_cast<std::ptrdiff_t>(place), std::move(layer));
+        }
+        if (step % 1000 == 999) {
+            check(list);
+        }
+    }
+    const host::LayerList copy = list;
+    check(copy);
+    EXPECT_NE(&list[0], &copy[0]);
+    host::LayerList moved = std::move(list);
+    check(moved);
+    EXPECT_TRUE(list.empty());
+}
+
+// Finding a layer, its place, its source and its streams, and copying it, take a bounded number
+// of steps on a project of 100,000 layers: a search through the layers or the footage items
+// would take tens of thousands.
+TEST(HostLookup, HostCallsOnAHugeProjectDoNotWalkIt) {
+    host::Host h;
+    host::Project& p = h.project();
+    const host::Id comp = p.addComp("Main", 1920, 1080);
+    std::vector<host::Id> ids;
+    for (int i = 0; i < 100000; ++i) {
+        ids.push_back(p.addLayer(comp, "L", AEGP_ObjectType_AV, true, p.addFootage("F", 10 + i % 7, 10)));
+    }
+    const void* table = nullptr;
+    ASSERT_EQ(A_Err_NONE, h.basicSuite()->AcquireSuite(kAEGPLayerSuite, 10, &table));
+    auto* ls = static_cast<const AEGP_LayerSuite10*>(table);
+    ASSERT_EQ(A_Err_NONE, h.basicSuite()->AcquireSuite(kAEGPItemSuite, 3, &table));
+    auto* is = static_cast<const AEGP_ItemSuite3*>(table);
+    ASSERT_EQ(A_Err_NONE, h.basicSuite()->AcquireSuite(kAEGPStreamSuite, 4, &table));
+    auto* ss = static_cast<const AEGP_StreamSuite4*>(table);
+    p.layer(ids[0]);  // the first lookup indexes the layers once
+
+    const std::size_t before = p.lookupVisits();
+    int calls = 0;
+    for (std::size_t i = 0; i < ids.size(); i += 997) {
+        const AEGP_LayerH layer = h.layerHandle(ids[i]);
+        A_long index = -1;
+        ASSERT_EQ(A_Err_NONE, ls->AEGP_GetLayerIndex(layer, &index));
+        AEGP_ItemH source = nullptr;
+        ASSERT_EQ(A_Err_NONE, ls->AEGP_GetLayerSourceItem(layer, &source));
+        A_long w = 0, hh = 0;
+        ASSERT_EQ(A_Err_NONE, is->AEGP_GetItemDimensions(source, &w, &hh));
+        EXPECT_EQ(10 + static_cast<A_long>(i % 7), w);
+        AEGP_StreamRefH stream = nullptr;
+        ASSERT_EQ(A_Err_NONE, ss->AEGP_GetNewLayerStream(1, layer, AEGP_LayerStream_POSITION, &stream));
+        AEGP_StreamValue value{};
+        value.streamH = stream;
+        ASSERT_EQ(A_Err_NONE, ss->AEGP_SetStreamValue(1, stream, &value));
+        ASSERT_EQ(A_Err_NONE, ss->AEGP_DisposeStream(stream));
+        AEGP_LayerH copy = nullptr;
+        ASSERT_EQ(A_Err_NONE, ls->AEGP_DuplicateLayer(layer, &copy));
+        // Earlier copies sit above: the layer moved down by one for each.
+        EXPECT_EQ(static_cast<A_long>(i + i / 997), index);
+        calls += 7;
+    }
+    // A copy refreshes where the later blocks of 256 layers start: a few hundred steps.
+    EXPECT_LT(static_cast<double>(p.lookupVisits() - before) / calls, 1000.0);
+    EXPECT_EQ(100000u + 101u, p.comp(comp)->layers.size());
+    h.basicSuite()->ReleaseSuite(kAEGPLayerSuite, 10);
+    h.basicSuite()->ReleaseSuite(kAEGPItemSuite, 3);
+    h.basicSuite()->ReleaseSuite(kAEGPStreamSuite, 4);
 }
 
 TEST_F(HostReading, ReorderMovesOneLayerToAnIndex) {

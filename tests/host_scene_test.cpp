@@ -93,7 +93,12 @@ TEST(HostScene, WrittenScenesReadBackBitExact) {
     c.layers[0].prop(Prop::position).keys[1].value = Vec3{awkward[0], awkward[1], awkward[2]};
     c.layers[1].prop(Prop::orientation).value = Vec3{awkward[3], awkward[4], awkward[5]};
     c.layers[2].prop(Prop::rotate_z).value.x = awkward[1] * 1e10;
-    const std::string text = host::sceneText(h);
+    c.layers[1].name = "Quote \" back\\slash\ttab\x01\x1f\x7f";
+    c.name = "caf\xc3\xa9 \xe2\x86\x92";
+    const nlohmann::json settings = {{"EDIT_DIM_X", 1600.5}, {"CHECK_KEY_SCALE", true}, {"n", -3}, {"empty", {}}};
+    const std::string text = host::sceneText(h, settings);
+    // Laid out exactly as the JSON library dumps the same document.
+    EXPECT_EQ(nlohmann::ordered_json::parse(text).dump(2) + "\n", text);
     const host::Scene back = host::parseScene(text, "out.json");
     const host::Comp& b = back.project.comps[0];
     const Vec3 k = b.layers[0].prop(Prop::position).keys[1].value;
@@ -104,7 +109,7 @@ TEST(HostScene, WrittenScenesReadBackBitExact) {
     // The same project: writing what was read gives the same text.
     host::Host again;
     host::applyScene(again, host::parseScene(text, "out.json"));
-    EXPECT_EQ(text, host::sceneText(again));
+    EXPECT_EQ(text, host::sceneText(again, settings));
 }
 
 TEST(HostScene, OutputCarriesCopiesUndoGroupsReportsAndSettings) {
@@ -179,6 +184,31 @@ TEST(HostScene, BadFilesGiveOneMessageWithFilePlaceAndProblem) {
     EXPECT_EQ(0u, messageOf("{" + comp + R"(, "layers": [], "host": {"withhold": ["AEGP Layer Suite/9"]}})")
                       .find("bad.json: at $.host.withhold[0]: the host has no suite \"AEGP Layer Suite/9\" to withhold "
                             "(it has AEGP Register Suite/1, "));
+    // Layers are read while the file is parsed, yet reported in the order of the whole document:
+    // syntax first, then the composition, then the first bad layer.
+    const std::string bad_layers = R"("layers": [{"name": "a", "type": "av"}, {"name": "b", "type": 7}, 3])";
+    EXPECT_EQ(0u, messageOf("{" + bad_layers + ", " + comp + ", ").find("bad.json: not valid JSON"));
+    EXPECT_EQ("bad.json: at $.comp: missing \"height\"",
+              messageOf("{" + bad_layers + R"(, "comp": {"name": "x", "width": 5}})"));
+    EXPECT_EQ("bad.json: at $.layers[1].type: expected a string, found an integer",
+              messageOf("{" + bad_layers + ", " + comp + "}"));
+    EXPECT_EQ("bad.json: at $.layers[2]: expected an object, found an integer",
+              messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av"}, {"name": "b", "type": "av"}, 3]})"));
+}
+
+TEST(HostScene, ARepeatedLayersKeyCountsOnlyOnceAsTheLastOne) {
+    const host::Scene scene = host::parseScene(
+        R"({"layers": [{"name": "gone", "type": "sphere", "source": {"width": 1, "height": 1}}],
+            "comp": {"name": "x", "width": 5, "height": 5},
+            "layers": [{"name": "kept", "type": "av", "source": {"width": 4, "height": 3}, "selected": true}]})",
+        "twice.json");
+    const host::Comp& c = scene.project.comps[0];
+    ASSERT_EQ(1u, c.layers.size());
+    EXPECT_EQ("kept", c.layers[0].name);
+    EXPECT_EQ(1, c.layers[0].scene_number);
+    EXPECT_EQ(std::vector<host::Id>{c.layers[0].id}, c.selection);
+    ASSERT_EQ(1u, scene.project.footage.size());
+    EXPECT_EQ(4, scene.project.findFootage(c.layers[0].source)->width);
 }
 
 TEST(HostScene, ABadFileLeavesTheHostAsItWas) {
