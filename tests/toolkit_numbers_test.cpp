@@ -2,6 +2,7 @@
 #include "toolkit_fixture.h"
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -50,9 +51,15 @@ TEST_F(EditNumbers, FormattingRespectsTheBufferLength) {
     EXPECT_STREQ("12.", text);
 }
 
-TEST_F(EditNumbers, FormattingWithoutAPlatformControlLeavesTheBuffer) {
-    // A static text is only a label: it has no control to show a number in.
-    EXPECT_EQ("untouched", formatted(add(dialog, 8, kADMTextStaticType), 2.5f));
+TEST_F(EditNumbers, AnItemWithoutAPlatformControlKeepsItsNumberToItself) {
+    // A static text is only a label: it has no control to show or read a number in.
+    ADMItemRef label = add(dialog, 8, kADMTextStaticType);
+    sADMItem->SetText(label, "7");
+    sADMItem->SetFloatValue(label, 2.5f);
+    EXPECT_EQ("7", platform::controlText(find(8)));
+    EXPECT_EQ(2.5f, sADMItem->GetFloatValue(label));
+    EXPECT_EQ(2, sADMItem->GetIntValue(label));
+    EXPECT_EQ("untouched", formatted(label, 2.5f));
 }
 
 TEST_F(EditNumbers, SettingValueOrLimitsRewritesTheFieldWithoutClamping) {
@@ -88,7 +95,7 @@ TEST_F(EditNumbers, FieldsReadTextOfAtMost127Characters) {
 }
 
 TEST_F(EditNumbers, NumbersBeyondADoubleAndInfinitiesClampToTheLimits) {
-    for (const char* text : {"1e400", "inf", "+INF", " Infinity", "infinit", "9e99999999999999999999999"}) {
+    for (const char* text : {"1e400", "1E+400", "inf", "+INF", " Infinity", "infinit", "9e99999999999999999999999"}) {
         type("33");
         type(text);
         EXPECT_EQ(100.0f, sADMItem->GetFloatValue(edit)) << '"' << text << '"';
@@ -130,6 +137,8 @@ TEST_F(EditNumbers, IntegersAreReadTruncatedAndStored) {
     EXPECT_EQ(100, sADMItem->GetIntValue(edit));
     type("99999999999999999999999");
     EXPECT_EQ(100, sADMItem->GetIntValue(edit));
+    type("-99999999999999999999999");
+    EXPECT_EQ(1, sADMItem->GetIntValue(edit));
 }
 
 TEST_F(EditNumbers, EmptyTextGivesTheStoredValueTruncatedTowardZero) {
@@ -140,6 +149,13 @@ TEST_F(EditNumbers, EmptyTextGivesTheStoredValueTruncatedTowardZero) {
     sADMItem->SetFloatValue(edit, -3.7f);
     type("x");
     EXPECT_EQ(-3, sADMItem->GetIntValue(edit));
+    // A stored value beyond 32 bits saturates; a NaN stored by hand counts as 0.
+    const std::pair<float, ADMInt32> cases[] = {{3e9f, 2147483647}, {-3e9f, -2147483647 - 1}, {NAN, 0}};
+    for (const auto& [stored, integer] : cases) {
+        sADMItem->SetFloatValue(edit, stored);
+        type("");
+        EXPECT_EQ(integer, sADMItem->GetIntValue(edit)) << stored;
+    }
 }
 
 TEST_F(EditNumbers, LimitsBetweenIntegersClampToTheirTruncation) {
