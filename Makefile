@@ -2,7 +2,7 @@ BUILD ?= build
 JOBS ?= 2
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: deps page-deps configure build test test-sanitize fuzz bench demo clean
+.PHONY: deps page-deps configure build test test-sanitize fuzz coverage bench demo clean
 
 # The 3D page's packages (three.js, its bundler, the browser driver of its tests) come from npm,
 # pinned by the lock file; npm ci runs again only when the lock file is newer than the install.
@@ -60,6 +60,31 @@ fuzz:
 		$(FUZZ_BUILD)/tests/fuzz_$$t $(FUZZ_BUILD)/corpus/$$t tests/fuzz/corpus/$$t \
 			-max_total_time=$(FUZZ_SECONDS) -timeout=10 -rss_limit_mb=4096 -print_final_stats=1 \
 			-artifact_prefix=$(FUZZ_BUILD)/crashes/$$t- || exit 1; \
+	done
+
+# The whole suite built with coverage counters (no optimisation, so lines and branches are the
+# source's), then gcovr's line and branch coverage per folder of our code. Branches the compiler adds
+# for exceptions and branches on lines without code are left out: they are no decisions of ours.
+# The details, line by line, are in $(COVERAGE_BUILD)/coverage/index.html.
+COVERAGE_BUILD ?= build-coverage
+COVERAGE_FLAGS ?= -DCMAKE_BUILD_TYPE=Debug
+COVERAGE_FOLDERS = shell common/adobe cylinder dialog toolkit math host platform app
+GCOVR = gcovr --root . --exclude-throw-branches --exclude-unreachable-branches
+
+coverage:
+	@bash scripts/deps.sh gcovr
+	@cmake -S . -B $(COVERAGE_BUILD) -G Ninja $(COVERAGE_FLAGS) -DORBISETT_COVERAGE=ON > /dev/null
+	@cmake --build $(COVERAGE_BUILD) -j $(JOBS)
+	@find $(COVERAGE_BUILD) -name '*.gcda' -delete
+	@cd $(COVERAGE_BUILD) && ctest --output-on-failure -j $(JOBS)
+	@mkdir -p $(COVERAGE_BUILD)/coverage
+	@$(GCOVR) --object-directory $(COVERAGE_BUILD) $(foreach f,$(COVERAGE_FOLDERS),--filter '$(f)/') \
+		--json $(COVERAGE_BUILD)/coverage/all.json --html-details $(COVERAGE_BUILD)/coverage/index.html
+	@printf '%-14s %22s %22s\n' folder lines branches
+	@for f in $(COVERAGE_FOLDERS); do \
+		$(GCOVR) --add-tracefile $(COVERAGE_BUILD)/coverage/all.json --filter "$$f/" --print-summary -o "$(COVERAGE_BUILD)/coverage/summary-$$(echo $$f | tr / _).txt" | \
+		awk -v f="$$f" '/^lines:/ {l = $$2 " " substr($$3, 2) "/" $$6 + 0} /^branches:/ {b = $$2 " " substr($$3, 2) "/" $$6 + 0} \
+			END {printf "%-14s %22s %22s\n", f, l, b}'; \
 	done
 
 bench: build

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build needs, only those that are missing; packages named as
-# arguments are wanted as well (`make fuzz` asks for clang and its fuzzer runtime).
+# arguments are wanted as well (`make fuzz` asks for clang and its fuzzer runtime, `make coverage`
+# for gcovr).
 set -euo pipefail
 # chromium: the browser the 3D page is tested in.
 packages=(cmake g++ ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev

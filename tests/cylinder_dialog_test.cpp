@@ -301,6 +301,43 @@ TEST_F(CylinderDialogTest, ScaleLayerToEnablesTheSizeUnlessTheRadiusComesFromLay
     EXPECT_FALSE(enabled(EDIT_FORCE_CONFORM));
 }
 
+// A layout reads each setting once and keeps it for its own length only: the rules a user sets off
+// afterwards, and the next layout, read the controls afresh.
+TEST_F(CylinderDialogTest, SettingsReadByALayoutDoNotOutliveIt)
+{
+    const host::Layer& card = add_selected_card(400, 300, {100, 100, 100});
+    open_as_shell_does();
+    ASSERT_TRUE(click(BUTTON_APPLY).ok());
+    ASSERT_EQ(-500, card.prop(host::Prop::position).value.z);
+
+    ASSERT_TRUE(click(CHECK_DISTRIBUTE_EVENLY).ok());
+    EXPECT_FALSE(enabled(CHECK_RADIUS_BY_FIRST));
+    EXPECT_FALSE(enabled(EDIT_MIN_LATITUDE));
+    EXPECT_FALSE(enabled(EDIT_MIN_LONGITUDE));
+    ASSERT_TRUE(click(CHECK_DISTRIBUTE_EVENLY).ok());
+    ASSERT_TRUE(click(CHECK_RADIUS_BY_FIRST).ok());
+    EXPECT_TRUE(enabled(EDIT_RADIUS_LAYERS));
+    EXPECT_FALSE(enabled(EDIT_DIM_Z));
+    ASSERT_TRUE(click(CHECK_RADIUS_BY_FIRST).ok());
+
+    ASSERT_TRUE(platform::typeText(control(EDIT_DIM_Z), "600").ok());
+    ASSERT_TRUE(click(BUTTON_APPLY).ok());
+    EXPECT_EQ(-300, card.prop(host::Prop::position).value.z);
+}
+
+// The displayed height comes from Scale Y: "Scale Layer to" brings a squashed layer to the size.
+TEST_F(CylinderDialogTest, ScaleLayerToSizesALayerByBothItsScales)
+{
+    const host::Layer& card = add_selected_card(400, 300, {100, 50, 100});
+    open_as_shell_does();
+    ASSERT_TRUE(click(CHECK_SCALE_LAYER).ok());
+    ASSERT_TRUE(click(BUTTON_APPLY).ok());
+    const host::Vec3 scale = card.prop(host::Prop::scale).value;
+    EXPECT_FLOAT_EQ(50, scale.x);
+    EXPECT_FLOAT_EQ(200.0f / 150 * 50, scale.y);
+    EXPECT_EQ(100, scale.z);
+}
+
 TEST_F(CylinderDialogTest, ClicksStillReachTheAssistantsRules)
 {
     open_as_shell_does();

@@ -75,6 +75,18 @@ protected:
         }
     }
 
+    // A 3D footage layer of that source size and Scale, added to the composition and selected.
+    host::Layer& add_selected_card(A_long width, A_long height, host::Vec3 scale)
+    {
+        host::Project& project = host_->project();
+        const host::Id id =
+            project.addLayer(comp_id_, "Card", AEGP_ObjectType_AV, true, project.addFootage("Card", width, height));
+        project.select(comp_id_, {id});
+        host::Layer& layer = *project.layer(id);
+        layer.prop(host::Prop::scale).value = scale;
+        return layer;
+    }
+
     // A user's click on a control (also hidden or disabled ones), so that Notify runs.
     platform::Outcome click(ADMInt32 id) { return platform::click(control(id), platform::Force::yes); }
 

@@ -2,7 +2,10 @@
 #include "layout_records.h"
 #include "math/random.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <vector>
 
 namespace {
 
@@ -148,29 +151,81 @@ TEST_F(DistributionModesTest, GivenStepsFillRowsFromTheBottomUntilTheTop)
     expect_untouched(12);
 }
 
-TEST_F(DistributionModesTest, GivenStepsGrowByTheIncrementWithinARow)
+TEST_F(DistributionModesTest, GivenStepsGrowByTheIncrementWithinARowAndStartAgainInTheNext)
 {
+    // The max field (45 by default) takes no part: the steps grow past it.
     given_steps(30, 10, 50);
-    layers_of(8);
+    layers_of(9);
     dlg().get_layers_pos();
     const double angles[] = {0, 30, 70, 120, 180, 250, 330};
     for (std::size_t i = 0; i < 7; ++i) {
         expect_at(i, angles[i], -1000);
     }
-    // The next step would make 420 degrees: a new row at the start angle.
+    // The next step would make 420 degrees: a new row at the start angle, with steps from 30 again.
     expect_at(7, 0, -950);
+    expect_at(8, 30, -950);
+}
+
+TEST_F(DistributionModesTest, GivenStepsRowsGrowByTheHeightIncrement)
+{
+    // The max field (50 by default) takes no part: the height steps grow past it.
+    given_steps(180, 0, 50);
+    set_float(EDIT_LATITUDE_INCREMENT, 20);
+    layers_of(8);
+    dlg().get_layers_pos();
+    const double heights[] = {-1000, -950, -880, -790};
+    for (std::size_t i = 0; i < 8; ++i) {
+        expect_at(i, i % 2 == 0 ? 0 : 180, heights[i / 2]);
+    }
 }
 
 TEST_F(DistributionModesTest, GivenStepsSkipTheBackHalfOfAFrontSector)
 {
-    given_steps(60, 0, 50);
+    // The sector's edges at 90 and 270 degrees belong to it.
+    given_steps(90, 0, 50);
     sector_front_only();
     layers_of(4);
     dlg().get_layers_pos();
     expect_at(0, 0, -1000);
-    expect_at(1, 60, -1000);
-    expect_at(2, 300, -1000);
+    expect_at(1, 90, -1000);
+    expect_at(2, 270, -1000);
     expect_at(3, 0, -950);
+}
+
+// Each box admits a half of the cylinder, closed at both ends; a point on the axis is at 0 degrees.
+TEST_F(DistributionModesTest, SectorBoxesAcceptTheirHalfWithBothEdges)
+{
+    const double degrees[] = {0, 89, 90, 91, 179, 180, 181, 269, 270, 271, 359};
+    const struct {
+        std::vector<ADMInt32> boxes;
+        const char* accepted;  // one letter per angle above
+    } cases[] = {
+        {{CHECK_SECTOR_FRONT}, "yyy-----yyy" "y"},
+        {{CHECK_SECTOR_RIGHT}, "yyyyyy-----" "y"},
+        {{CHECK_SECTOR_BACK}, "--yyyyyyy--" "-"},
+        {{CHECK_SECTOR_LEFT}, "y----yyyyyy" "y"},
+        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT}, "yyyyyy--yyy" "y"},
+        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK}, "yyyyyyyyyyy" "y"},
+        {{CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT}, "yyyyyyyyyyy" "y"},
+    };
+    surface(RADIO_SECTOR);
+    for (const auto& c : cases) {
+        for (ADMInt32 id : {CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT}) {
+            set_bool(id, std::find(c.boxes.begin(), c.boxes.end(), id) != c.boxes.end());
+        }
+        for (std::size_t i = 0; i < std::size(degrees); ++i) {
+            // The edges exactly: on the axes of the cross-section.
+            const double phi = degrees[i] * math::Constant_PI / 180;
+            Vector p = dlg().get_position(phi, 7, 0);
+            if (std::fmod(degrees[i], 90) == 0) {
+                p = Vector(std::round(p.x), 7, std::round(p.z));
+            }
+            EXPECT_EQ(c.accepted[i] == 'y', dlg().is_pos_valid(p)) << c.accepted << " at " << degrees[i];
+        }
+        EXPECT_EQ(c.accepted[std::size(degrees)] == 'y', dlg().is_pos_valid(Vector(0, 7, 0))) << c.accepted;
+    }
+    surface(RADIO_WHOLE_CYLINDER);
+    EXPECT_TRUE(dlg().is_pos_valid(Vector(0, 0, -500)));
 }
 
 TEST_F(DistributionModesTest, NoSectorBoxChangesNothingAndWritesNoOrientation)
@@ -329,6 +384,17 @@ TEST_F(DistributionModesTest, RadiusMakesTheFirstLayersCloseUp)
     expect_at(1, 60, -1000, 173.20508075688772);
 }
 
+TEST_F(DistributionModesTest, RadiusRowsGrowByTheHeightIncrement)
+{
+    set_bool(CHECK_RADIUS_BY_FIRST, true);
+    set_int(EDIT_RADIUS_LAYERS, 4);
+    set_float(EDIT_LATITUDE_INCREMENT, 20);
+    layers_of(9, 200, 100);
+    dlg().get_layers_pos();
+    expect_at(4, 0, -950, 100);
+    expect_at(8, 0, -880, 100);
+}
+
 TEST_F(DistributionModesTest, RadiusSkipsTheBackHalfOfAFrontSector)
 {
     set_bool(CHECK_RADIUS_BY_FIRST, true);
@@ -438,12 +504,14 @@ TEST_F(DistributionModesTest, EquatorWithOneRefusedPlaceLeavesTheLastLayer)
 TEST_F(DistributionModesTest, EquatorTakesGivenStepsAtMidHeightForOneTurn)
 {
     surface(RADIO_EQUATOR_ONLY);
-    given_steps(90, 0, 50);
+    given_steps(60, 30, 50);
     layers_of(5);
     dlg().get_layers_pos();
-    for (std::size_t i = 0; i < 4; ++i) {
-        expect_at(i, 90.0 * static_cast<double>(i), 0);
-    }
+    // Steps of 60, 90 and 120 degrees; the next, 150, would pass the whole turn.
+    expect_at(0, 0, 0);
+    expect_at(1, 60, 0);
+    expect_at(2, 150, 0);
+    expect_at(3, 270, 0);
     expect_untouched(4);
 }
 
@@ -465,11 +533,12 @@ TEST_F(DistributionModesTest, ScaleLayerToMakesEveryLayerSquare)
     set_bool(CHECK_SCALE_LAYER, true);
     set_float(EDIT_FORCE_CONFORM, 200);
     set_layer_sizes({{400, 100}, {0, 100}});
+    records().front().scale.val.three_d = AEGP_ThreeDVal{80, 50, 90};
     dlg().get_layers_pos();
     const LayerInfo& scaled = record(0);
-    EXPECT_EQ(50, scaled.scale.val.three_d.x);
-    EXPECT_EQ(200, scaled.scale.val.three_d.y);
-    EXPECT_EQ(100, scaled.scale.val.three_d.z);
+    EXPECT_EQ(40, scaled.scale.val.three_d.x);
+    EXPECT_EQ(100, scaled.scale.val.three_d.y);
+    EXPECT_EQ(90, scaled.scale.val.three_d.z);
     EXPECT_EQ(200, scaled.size.x);
     EXPECT_EQ(200, scaled.size.y);
     // Without a width there is nothing to scale.

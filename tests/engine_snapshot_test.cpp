@@ -72,7 +72,7 @@ TEST_F(Snapshot, RecordsHoldTruncatedSizesEffectiveOrientationAndValuesAtTheCurr
     prop(third, Prop::position).insertKey(A_Time{0, 30}, vec(0, 0, 0));
     prop(third, Prop::position).insertKey(A_Time{30, 30}, vec(200, 100, 40));
     const host::Id half = add_av("Half", 1000, 600);
-    prop(half, Prop::scale).value = vec(50, 50, 100);
+    prop(half, Prop::scale).value = vec(50, 20, 100);
     select({third, half});
     open_dialog();
 
@@ -84,7 +84,7 @@ TEST_F(Snapshot, RecordsHoldTruncatedSizesEffectiveOrientationAndValuesAtTheCurr
     EXPECT_EQ(r.size.x, 332);
     EXPECT_EQ(r.size.y, 199);
     EXPECT_EQ(dlg().layers.back().size.x, 500);
-    EXPECT_EQ(dlg().layers.back().size.y, 300);
+    EXPECT_EQ(dlg().layers.back().size.y, 120);  // Scale Y, not X, sizes the height
     EXPECT_DOUBLE_EQ(r.orientation.val.three_d.x, 30);
     EXPECT_DOUBLE_EQ(r.orientation.val.three_d.y, -10);
     EXPECT_DOUBLE_EQ(r.orientation.val.three_d.z, 86);

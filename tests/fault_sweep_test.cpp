@@ -4,6 +4,7 @@
 // given back, no value becomes NaN or infinite, and either nothing changed or one undo restores
 // the project exactly.
 #include "fault_sweep_scenarios.h"
+#include "failing_allocation.h"
 #include "fault_sweep_snapshot.h"
 
 #include <gtest/gtest.h>
@@ -142,10 +143,11 @@ TEST_P(FaultSweep, EveryHostCallFailsInTurn) {
                 scenario.name.c_str(), static_cast<int>(err), clean.calls, changed, escapes);
 }
 
-std::string testName(const ::testing::TestParamInfo<FaultSweep::ParamType>& info) {
-    const std::string scenario = scenarios()[std::get<0>(info.param)].name;
+// A scenario's name as a test name: letters and digits, runs of anything else as one '_', ending in '_'.
+std::string identifier(std::size_t scenario) {
+    const std::string scenario_name = scenarios()[scenario].name;
     std::string name;
-    for (char c : scenario) {
+    for (char c : scenario_name) {
         if (std::isalnum(static_cast<unsigned char>(c))) {
             name += c;
         } else if (!name.empty() && name.back() != '_') {
@@ -155,13 +157,59 @@ std::string testName(const ::testing::TestParamInfo<FaultSweep::ParamType>& info
     if (name.back() != '_') {
         name += '_';
     }
-    return name + "error" + std::to_string(std::get<1>(info.param));
+    return name;
+}
+
+std::string testName(const ::testing::TestParamInfo<FaultSweep::ParamType>& info) {
+    return identifier(std::get<0>(info.param)) + "error" + std::to_string(std::get<1>(info.param));
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, FaultSweep,
                          ::testing::Combine(::testing::Range<std::size_t>(0, scenarios().size()),
                                             ::testing::Values(A_Err{7}, A_Err{A_Err_BAD_CALLBACK_PARAM})),
                          testName);
+
+// Besides the host's error codes, the one exception that can meet the plug-in is a failed
+// allocation. Made to happen at each allocation of the module's own code in turn, in the moments
+// run by hooks that must catch, it never escapes a hook, and the program goes on.
+class AllocationSweep : public ::testing::TestWithParam<std::size_t> {};
+
+TEST_P(AllocationSweep, EveryAllocationOfThePlugInFailsInTurn) {
+    const Scenario scenario = scenarios()[GetParam()];
+    long allocations = 0;
+    {
+        SweepSession session(scenario.kind);
+        ASSERT_TRUE(scenario.prepare(session));
+        failing_allocation::watch(ORBISETT_MODULE_PATH);
+        scenario.act(session);
+        allocations = failing_allocation::count();
+        failing_allocation::stop();
+    }
+    ASSERT_GT(allocations, 0);
+    int allowed = 0;
+    for (long k = 0; k < allocations; ++k) {
+        SweepSession session(scenario.kind);
+        ASSERT_TRUE(scenario.prepare(session));
+        host::Host& h = session.host();
+        const std::size_t escapes_before = h.escapedExceptions().size();
+        failing_allocation::watch(ORBISETT_MODULE_PATH, k);
+        EXPECT_NO_THROW(scenario.act(session)) << scenario.name << ", allocation " << k;
+        failing_allocation::stop();
+        ASSERT_TRUE(failing_allocation::failed()) << scenario.name << ": allocation " << k << " was never made";
+        const std::vector<std::string> problems = escapeProblems(h, escapes_before, &allowed);
+        EXPECT_TRUE(problems.empty()) << scenario.name << ", allocation " << k << " of " << allocations << ":\n"
+                                      << joined(problems);
+    }
+    std::printf("[  sweep   ] %-36s %5ld allocations failed in turn, %d exceptions out of hooks that catch nothing\n",
+                scenario.name.c_str(), allocations, allowed);
+}
+
+// The moments whose hooks must catch: start-up, opening, idle refresh and the menu update.
+INSTANTIATE_TEST_SUITE_P(Scenarios, AllocationSweep, ::testing::Range<std::size_t>(0, 7),
+                         [](const ::testing::TestParamInfo<std::size_t>& info) {
+                             const std::string name = identifier(info.param);
+                             return name.substr(0, name.size() - 1);
+                         });
 
 // The sweep's own checks must see what they are there to see.
 TEST(SweepChecks, OneBitInOneKeyChangesTheSnapshot) {

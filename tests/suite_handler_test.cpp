@@ -25,11 +25,15 @@ TEST(SuiteHandler, ASuiteAskedTwiceIsAcquiredOnceAndReleasedOnce) {
         AEGP_StreamSuite4* first = suites.StreamSuite4();
         EXPECT_EQ(first, suites.StreamSuite4());
         suites.LayerSuite5();
+        suites.PanelSuite1();
+        suites.AppSuite2();
         EXPECT_EQ(1, h.acquireCount(kAEGPStreamSuite, 4));
         EXPECT_EQ(0, h.releaseCount(kAEGPStreamSuite, 4));
     }
     EXPECT_EQ(1, h.releaseCount(kAEGPStreamSuite, 4));
     EXPECT_EQ(1, h.releaseCount(kAEGPLayerSuite, 5));
+    EXPECT_EQ(1, h.releaseCount(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1));
+    EXPECT_EQ(1, h.releaseCount(kPFAppSuite, kPFAppSuiteVersion2));
     EXPECT_TRUE(h.allSuitesReleased());
     EXPECT_EQ(0, h.strayReleases());
 }

@@ -62,6 +62,9 @@ TEST_F(Controls, InAWindowTheTextIsTheControlsTitle) {
     EXPECT_EQ("Apply", platform::controlTitle(find(2)));
     EXPECT_EQ("Radius", platform::controlText(find(3)));
     EXPECT_EQ(3u, platform::subviews(platform::rootView(platform::windows().back())).size());  // no labels
+    char read[16] = {};
+    ASSERT_TRUE(sADMItem->GetText(button, read, sizeof read));
+    EXPECT_STREQ("Apply", read);
 }
 
 TEST_F(Controls, StaticTextIsAsLargeAsItsText) {

@@ -2,6 +2,7 @@
 #include "toolkit_fixture.h"
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -50,6 +51,17 @@ TEST_F(EditNumbers, FormattingRespectsTheBufferLength) {
     EXPECT_STREQ("12.", text);
 }
 
+TEST_F(EditNumbers, AnItemWithoutAPlatformControlKeepsItsNumberToItself) {
+    // A static text is only a label: it has no control to show or read a number in.
+    ADMItemRef label = add(dialog, 8, kADMTextStaticType);
+    sADMItem->SetText(label, "7");
+    sADMItem->SetFloatValue(label, 2.5f);
+    EXPECT_EQ("7", platform::controlText(find(8)));
+    EXPECT_EQ(2.5f, sADMItem->GetFloatValue(label));
+    EXPECT_EQ(2, sADMItem->GetIntValue(label));
+    EXPECT_EQ("untouched", formatted(label, 2.5f));
+}
+
 TEST_F(EditNumbers, SettingValueOrLimitsRewritesTheFieldWithoutClamping) {
     EXPECT_EQ("5", shown());
     sADMItem->SetFloatValue(edit, 2.50f);
@@ -73,13 +85,47 @@ TEST_F(EditNumbers, TypedTextIsReadAndClampedToTheLimits) {
     EXPECT_FLOAT_EQ(42.0f, sADMItem->GetFloatValue(edit));
 }
 
+TEST_F(EditNumbers, FieldsReadTextOfAtMost127Characters) {
+    type((std::string(126, '0') + "9").c_str());
+    EXPECT_EQ(9.0f, sADMItem->GetFloatValue(edit));
+    EXPECT_EQ(9, sADMItem->GetIntValue(edit));
+    type((std::string(127, '0') + "8").c_str());
+    EXPECT_EQ(9.0f, sADMItem->GetFloatValue(edit));
+    EXPECT_EQ(9, sADMItem->GetIntValue(edit));
+}
+
+TEST_F(EditNumbers, NumbersBeyondADoubleAndInfinitiesClampToTheLimits) {
+    for (const char* text : {"1e400", "1E+400", "inf", "+INF", " Infinity", "infinit", "9e99999999999999999999999"}) {
+        type("33");
+        type(text);
+        EXPECT_EQ(100.0f, sADMItem->GetFloatValue(edit)) << '"' << text << '"';
+    }
+    for (const char* text : {"-1e400", "-inf", "-infinity", "1e-400", "-1e-400", "0.0001e-330", "1e-99999999999999999999"}) {
+        type("33");
+        type(text);
+        EXPECT_EQ(1.0f, sADMItem->GetFloatValue(edit)) << '"' << text << '"';
+    }
+    sADMItem->SetMinFloatValue(edit, -100);
+    type("-1e-400");
+    EXPECT_EQ(0.0f, sADMItem->GetFloatValue(edit));
+    // The integer reading takes the leading digits only; without any, the value stored last.
+    type("3e400");
+    EXPECT_EQ(3, sADMItem->GetIntValue(edit));
+    type("inf");
+    EXPECT_EQ(3, sADMItem->GetIntValue(edit));
+}
+
 TEST_F(EditNumbers, TextThatIsNoNumberKeepsTheValue) {
     type("33");
     ASSERT_FLOAT_EQ(33.0f, sADMItem->GetFloatValue(edit));
-    for (const char* text : {"abc", "", "inf", "nan", "-", "."}) {
+    // NaN is refused although characters form it: no limit would hold it back from the layout.
+    for (const char* text : {"abc", "", "nan", "-NaN", "nan(1)", "-", ".", "in"}) {
         type(text);
         EXPECT_FLOAT_EQ(33.0f, sADMItem->GetFloatValue(edit)) << '"' << text << '"';
     }
+    ADMFloat value = -1;
+    EXPECT_FALSE(sADMItem->DefaultTextToFloat(edit, "nan", &value));
+    EXPECT_EQ(-1.0f, value);
 }
 
 TEST_F(EditNumbers, IntegersAreReadTruncatedAndStored) {
@@ -91,6 +137,8 @@ TEST_F(EditNumbers, IntegersAreReadTruncatedAndStored) {
     EXPECT_EQ(100, sADMItem->GetIntValue(edit));
     type("99999999999999999999999");
     EXPECT_EQ(100, sADMItem->GetIntValue(edit));
+    type("-99999999999999999999999");
+    EXPECT_EQ(1, sADMItem->GetIntValue(edit));
 }
 
 TEST_F(EditNumbers, EmptyTextGivesTheStoredValueTruncatedTowardZero) {
@@ -101,6 +149,13 @@ TEST_F(EditNumbers, EmptyTextGivesTheStoredValueTruncatedTowardZero) {
     sADMItem->SetFloatValue(edit, -3.7f);
     type("x");
     EXPECT_EQ(-3, sADMItem->GetIntValue(edit));
+    // A stored value beyond 32 bits saturates; a NaN stored by hand counts as 0.
+    const std::pair<float, ADMInt32> cases[] = {{3e9f, 2147483647}, {-3e9f, -2147483647 - 1}, {NAN, 0}};
+    for (const auto& [stored, integer] : cases) {
+        sADMItem->SetFloatValue(edit, stored);
+        type("");
+        EXPECT_EQ(integer, sADMItem->GetIntValue(edit)) << stored;
+    }
 }
 
 TEST_F(EditNumbers, LimitsBetweenIntegersClampToTheirTruncation) {
@@ -122,6 +177,11 @@ TEST_F(EditNumbers, DefaultTextToFloatReadsTheLeadingNumber) {
     EXPECT_TRUE(sADMItem->DefaultTextToFloat(edit, "0x10", &value));
     EXPECT_FLOAT_EQ(0.0f, value);
     EXPECT_FALSE(sADMItem->DefaultTextToFloat(edit, nullptr, &value));
+    // Beyond a double by its digits alone, either side of the decimal point.
+    EXPECT_TRUE(sADMItem->DefaultTextToFloat(edit, ("-1" + std::string(400, '0')).c_str(), &value));
+    EXPECT_EQ(-INFINITY, value);
+    EXPECT_TRUE(sADMItem->DefaultTextToFloat(edit, ("0." + std::string(400, '0') + "1").c_str(), &value));
+    EXPECT_EQ(0.0f, value);
 }
 
 TEST_F(EditNumbers, UnitsAndStylesLeaveTheTextAlone) {

@@ -20,6 +20,13 @@ TEST_F(PanelDialogs, CreationFillsThePanelFunctionsAndRefcon) {
     sADMDialog->Destroy(dialog);
 }
 
+TEST_F(PanelDialogs, WithoutAContainerViewThereIsNoDialog) {
+    EXPECT_EQ(nullptr, sADMDialog->CreatePanel(nullptr, "Panel", 0, initProc, &recorder, &panelSuite, panelHandle,
+                                               nullptr, &panelFunctions, &panelRefcon));
+    EXPECT_EQ(0, recorder.destroyed);  // the init proc never ran
+    EXPECT_TRUE(platform::windows().empty());
+}
+
 TEST_F(PanelDialogs, TheSnapSizeIsTheLastSizeGiven) {
     ADMDialogRef dialog = makePanelDialog();
     const IASRect placed{20, 30, 120, 280};

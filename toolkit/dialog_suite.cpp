@@ -6,27 +6,39 @@ using toolkit::itemOf;
 
 namespace {
 
-ADMDialogRef Create(SPPluginRef /*plugin*/, const char* name, ADMInt32 dialog_id, ADMDialogStyle style,
-                    ADMDialogInitProc init_proc, ADMUserData user_data, ADMInt32 options) {
+// A new dialog, handed out only once `make` has made it; one that fails, or throws (an allocation
+// that fails on the way), is taken down again.
+template <typename Make>
+ADMDialogRef madeDialog(Make make) {
     auto* dialog = new iADMDialog;
-    if (!dialog->Create(name, dialog_id, style, init_proc, user_data, options)) {
+    bool made = false;
+    try {
+        made = make(*dialog);
+    } catch (...) {
+        iADMDialog::Destroy(dialog);
+        throw;
+    }
+    if (!made) {
         iADMDialog::Destroy(dialog);
         return nullptr;
     }
     return dialog;
 }
 
+ADMDialogRef Create(SPPluginRef /*plugin*/, const char* name, ADMInt32 dialog_id, ADMDialogStyle style,
+                    ADMDialogInitProc init_proc, ADMUserData user_data, ADMInt32 options) {
+    return madeDialog(
+        [&](iADMDialog& dialog) { return dialog.Create(name, dialog_id, style, init_proc, user_data, options); });
+}
+
 ADMDialogRef CreatePanel(SPPluginRef /*plugin*/, const char* name, ADMInt32 dialog_id, ADMDialogInitProc init_proc,
                          ADMUserData user_data, AEGP_PanelSuite1* panel_suite, AEGP_PanelH panel,
                          AEGP_PlatformViewRef container, AEGP_PanelFunctions1* out_panel_functions,
                          AEGP_PanelRefcon* out_panel_refcon) {
-    auto* dialog = new iADMDialog;
-    if (!dialog->CreatePanel(name, dialog_id, init_proc, user_data, panel_suite, panel, container,
-                             out_panel_functions, out_panel_refcon)) {
-        iADMDialog::Destroy(dialog);
-        return nullptr;
-    }
-    return dialog;
+    return madeDialog([&](iADMDialog& dialog) {
+        return dialog.CreatePanel(name, dialog_id, init_proc, user_data, panel_suite, panel, container,
+                                  out_panel_functions, out_panel_refcon);
+    });
 }
 
 void Destroy(ADMDialogRef dialog) { iADMDialog::Destroy(dialogOf(dialog)); }

@@ -115,7 +115,8 @@ ADMBoolean DefaultFloatToText(ADMItemRef item, ADMFloat value, char* text, ADMIn
     if (item == nullptr) {
         return false;
     }
-    if (text != nullptr && max_length > 0) {
+    // Only an item with a platform control shows numbers; for any other the buffer stays as it was.
+    if (itemOf(item)->control != nullptr && text != nullptr && max_length > 0) {
         const std::string shown = toolkit::formatNumber(value);
         const std::size_t n = std::min(shown.size(), static_cast<std::size_t>(max_length - 1));
         std::memcpy(text, shown.data(), n);

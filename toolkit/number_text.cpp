@@ -1,11 +1,13 @@
 #include "toolkit/number_text.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <limits>
+#include <string_view>
 
 namespace toolkit {
 
@@ -23,9 +25,25 @@ const char* numberStart(const char* text) {
     return text;
 }
 
-bool startsWithDigitOrPoint(const char* text) {
-    const char* p = *text == '-' ? text + 1 : text;
-    return std::isdigit(static_cast<unsigned char>(*p)) != 0 || *p == '.';
+// Whether a decimal number outside the range of a double lies above it rather than below it: its
+// first significant digit, with the exponent, stands at a power of ten above zero. Such a number has
+// a non-zero digit, and its power is hundreds away from zero either way.
+bool overflows(std::string_view number) {
+    const std::size_t e = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view mantissa = number.substr(0, e);
+    const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto first = static_cast<long long>(mantissa.find_first_of("123456789"));
+    const long long place = first < point ? point - first - 1 : point - first;
+    std::string_view exponent = number.substr(std::min(e + 1, number.size()));
+    if (!exponent.empty() && exponent.front() == '+') {
+        exponent.remove_prefix(1);
+    }
+    long long power = 0;
+    if (!exponent.empty() &&
+        std::from_chars(exponent.data(), exponent.data() + exponent.size(), power).ec != std::errc()) {
+        return exponent.front() != '-';  // an exponent beyond 64 bits decides alone
+    }
+    return power > -place;
 }
 
 }  // namespace
@@ -51,14 +69,23 @@ std::optional<double> parseLeadingNumber(const char* text) {
         return std::nullopt;
     }
     const char* start = numberStart(text);
-    // Only decimal numbers: no "inf", "nan" or hexadecimal forms.
-    if (!startsWithDigitOrPoint(start)) {
-        return std::nullopt;
-    }
     double number = 0;
     const auto [end, error] = std::from_chars(start, start + std::strlen(start), number, std::chars_format::general);
-    if (end == start || error != std::errc()) {
-        return std::nullopt;  // nothing read, or a magnitude no double holds
+    if (end == start) {
+        return std::nullopt;
+    }
+    if (error == std::errc::result_out_of_range) {
+        // Too large or too small for a double: the infinity or the zero it tends to, with its sign,
+        // so that a field's limits take over as they do for any other number beyond them.
+        const double magnitude = overflows(std::string_view(start, static_cast<std::size_t>(end - start)))
+                                     ? std::numeric_limits<double>::infinity()
+                                     : 0.0;
+        return *start == '-' ? -magnitude : magnitude;
+    }
+    // NaN is refused: it compares false with both limits of a field, so a clamp would let it
+    // through into the layout. The field keeps its value instead.
+    if (std::isnan(number)) {
+        return std::nullopt;
     }
     return number;
 }
