@@ -3,12 +3,14 @@
 #include "app/control_list.h"
 #include "app/layer_table.h"
 #include "app/options.h"
+#include "app/preview_picture.h"
 #include "app/run_outputs.h"
 #include "app/run_report.h"
 #include "app/session.h"
 #include "host/scene_file.h"
 
 #include <iostream>
+#include <optional>
 
 #ifndef ORBISETT_PLUGIN_PATH
 #define ORBISETT_PLUGIN_PATH ""
@@ -24,10 +26,17 @@ int run(const app::Options& options)
 {
     const app::SessionResult result = app::runSession(options);
     const app::RunOutcome outcome = app::readRunOutcome(result.before(), *result.host, result.settings);
-    const app::RunReport report = app::describeRun(result, outcome);
+    app::RunReport report = app::describeRun(result, outcome);
+    // Drawn before the summary, which names the layers the picture has to leave out.
+    std::optional<app::Preview> preview;
+    if (!options.preview.empty()) {
+        preview = app::drawPreview(result.host->project(), outcome);
+        app::addPreviewWarnings(report, *preview);
+    }
     const int status = report.failures.empty() ? kDone : kFailure;
     // Every file first: when one cannot be written, nothing is, and nothing is printed but why.
-    app::writeAll(app::outputFiles(options, result, outcome, app::summaryJson(report, status)));
+    app::writeAll(app::outputFiles(options, result, outcome, preview ? &preview->svg : nullptr,
+                                   app::summaryJson(report, status)));
 
     const bool scene_to_stdout = options.out == app::kStandardStream;
     if (!options.quiet) {

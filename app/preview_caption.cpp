@@ -43,8 +43,8 @@ std::string whatRan(const host::Comp& comp, const RunOutcome& o)
     case ApplyState::applied:
         break;
     }
-    text += count(o.arranged.size(), "layer", "layers") + " arranged of " + std::to_string(o.written.size()) +
-            " written";
+    text += std::to_string(o.arranged.size()) + " of " + count(o.written.size(), "layer", "layers") +
+            " placed on the surface";
     if (!o.copies.empty()) {
         text += " (" + count(o.copies.size(), "copy", "copies") + " made)";
     }
@@ -94,7 +94,7 @@ std::vector<std::string> captionSentences(const CaptionFacts& f)
         lines.push_back("Outside the picture, not drawn: " + nameList(f.outside, kNamesShown) + ".");
     }
     if (!f.left_out.empty()) {
-        lines.push_back("Left out, their corners are not finite numbers: " + nameList(f.left_out, kNamesShown) + ".");
+        lines.push_back("Left out, too large or not finite to draw: " + nameList(f.left_out, kNamesShown) + ".");
     }
     lines.push_back("Light: front faces; dark: back faces; dashed: layers without a source (their extent is not "
                     "known); faint grey: the composition's frame and centre; dashed grey: the surface used.");

@@ -27,8 +27,9 @@ constexpr double kAbsurd = 1e12;
 
 const Style kOutline{"none", "#8a94a3", 1.0, 0.7, "6 4"};
 const Style kReference{"none", "#c3c9d2", 1.0, 1.0, "2 4"};
-const Style kFront{"#a9cbef", "#24496f", 1.2, 0.96, ""};
-const Style kBack{"#56697f", "#1d2a38", 1.2, 0.96, ""};
+// Opaque: a face hides what lies behind it, labels included.
+const Style kFront{"#a9cbef", "#24496f", 1.2, 1.0, ""};
+const Style kBack{"#56697f", "#1d2a38", 1.2, 1.0, ""};
 const Style kNoSource{"none", "#24496f", 1.2, 0.9, "5 3"};
 
 // Something painted in depth order, far to near: a layer or a piece of the surface's outline.

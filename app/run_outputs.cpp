@@ -3,7 +3,6 @@
 #include "app/app_error.h"
 #include "app/picture_file.h"
 #include "app/html_page.h"
-#include "app/preview_picture.h"
 #include "app/scene_data.h"
 
 namespace app {
@@ -23,7 +22,7 @@ std::string picture(const std::string& option, const std::string& path, const st
 }  // namespace
 
 std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
-                                    const nlohmann::json& report)
+                                    const std::string* preview_svg, const nlohmann::json& report)
 {
     std::vector<OutputFile> files;
     if (!options.out.empty() && options.out != kStandardStream) {
@@ -31,9 +30,8 @@ std::vector<OutputFile> outputFiles(const Options& options, const SessionResult&
         files.push_back({"--out", options.out,
                          [&run](std::ostream& out) { host::writeScene(*run.host, out, run.settings); }});
     }
-    if (!options.preview.empty()) {
-        files.push_back(outputOf("--preview", options.preview,
-                                 picture("--preview", options.preview, drawPreview(run.host->project(), outcome).svg)));
+    if (!options.preview.empty() && preview_svg != nullptr) {
+        files.push_back(outputOf("--preview", options.preview, picture("--preview", options.preview, *preview_svg)));
     }
     if (!options.dialog.empty()) {
         files.push_back(outputOf("--dialog", options.dialog, picture("--dialog", options.dialog, run.dialog_svg)));

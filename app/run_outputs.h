@@ -15,7 +15,8 @@ namespace app {
 
 // Every file asked for but a scene going to standard output: --out, --preview, --dialog, --html
 // (pictures in the format their names ask for) and --json-report.
+// `preview_svg` is the preview as drawn for --preview (null without it).
 std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
-                                    const nlohmann::json& report);
+                                    const std::string* preview_svg, const nlohmann::json& report);
 
 }  // namespace app

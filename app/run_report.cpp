@@ -90,7 +90,7 @@ std::string arrangedLine(const RunReport& r)
     case ApplyState::undone: return "nothing left: the step was undone (it had " + taken + ")";
     case ApplyState::applied: break;
     }
-    return std::to_string(r.arranged) + " of " + plural(r.written, "layer", "layers") + " written (" + taken + ")";
+    return std::to_string(r.arranged) + " of " + plural(r.written, "layer", "layers") + " (" + taken + ")";
 }
 
 std::string vectorText(const Vec3& v)
@@ -155,6 +155,15 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome)
     r.warnings = runWarnings(run, outcome);
     r.failures = failures(run, outcome);
     return r;
+}
+
+void addPreviewWarnings(RunReport& report, const Preview& preview)
+{
+    for (const std::string& name : preview.left_out) {
+        report.warnings.push_back({"", "preview_left_out",
+                                   "--preview leaves out \"" + name +
+                                       "\": its corners are too large or not finite numbers, so it cannot be drawn"});
+    }
 }
 
 std::string summaryText(const RunReport& r)

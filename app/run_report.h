@@ -3,6 +3,7 @@
 // the warnings, and the failures the plug-in or the host reported.
 #pragma once
 
+#include "app/preview_picture.h"
 #include "app/run_outcome.h"
 #include "app/run_warnings.h"
 #include "app/session.h"
@@ -36,6 +37,9 @@ struct RunReport {
 };
 
 RunReport describeRun(const SessionResult& run, const RunOutcome& outcome);
+
+// A warning for each layer the preview could not draw.
+void addPreviewWarnings(RunReport& report, const Preview& preview);
 
 // The summary as lines for the terminal, after the table.
 std::string summaryText(const RunReport& report);

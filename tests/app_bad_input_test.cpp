@@ -77,7 +77,7 @@ TEST_F(BadInput, TenThousandLayersAreAllArranged)
     const apptest::ToolRun r = run({writeScene("many.json", cardScene(10000, 20, 10)), "--set",
                                     "CHECK_DISTRIBUTE_EVENLY=on", "--out", path("after.json")});
     ASSERT_EQ(r.status, 0) << r.err;
-    EXPECT_NE(r.out.find("  arranged:     10000 of 10000 layers written (10000 selected layers, no copies made)\n"
+    EXPECT_NE(r.out.find("  arranged:     10000 of 10000 layers (10000 selected layers, no copies made)\n"
                          "  not reached:  none\n"),
               std::string::npos);
     EXPECT_TRUE(unusableValues(json::parse(apptest::readFile(path("after.json")))).empty());

@@ -316,7 +316,7 @@ TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed)
     layerNamed(project, "Far").prop(host::Prop::orientation).value = {0, 1e300, 0};
     const app::Preview p = picture(project);
     EXPECT_EQ(p.left_out, (std::vector<std::string>{"Near", "Far"}));
-    EXPECT_NE(p.svg.find("Left out, their corners are not finite numbers: Near, Far."), std::string::npos);
+    EXPECT_NE(p.svg.find("Left out, too large or not finite to draw: Near, Far."), std::string::npos);
     EXPECT_EQ(count(p.svg, "<polygon"), 1u);
     expectOnlyFiniteNumbers(p.svg);
 }

@@ -10,9 +10,11 @@ using nlohmann::json;
 class Report : public apptest::ToolTest {
 protected:
     // The warning lines of a run, as printed; checks that the JSON report lists the same.
-    std::vector<std::string> warnings(const json& scene, const std::vector<std::string>& sets)
+    std::vector<std::string> warnings(const json& scene, const std::vector<std::string>& sets,
+                                      const std::vector<std::string>& more = {})
     {
         std::vector<std::string> args{writeScene("s.json", scene), "--json-report", path("report.json")};
+        args.insert(args.end(), more.begin(), more.end());
         for (const std::string& s : sets) {
             args.push_back("--set");
             args.push_back(s);
@@ -89,6 +91,16 @@ TEST_F(Report, RepeatsTheHostMadeOtherwiseOrCut)
                     "were cut to what fits)"});
 }
 
+TEST_F(Report, LayersThePreviewCannotDrawAreNamed)
+{
+    json scene = cardScene(2);
+    scene["layers"][1]["scale"] = {1e300, 1e300, 100};
+    EXPECT_EQ(warnings(scene, {}, {"--preview", path("p.svg")}),
+              Lines{"--preview leaves out \"Card 2\": its corners are too large or not finite numbers, so it cannot be "
+                    "drawn"});
+    EXPECT_EQ(warnings(scene, {}), Lines{});  // without a picture nothing is left out
+}
+
 TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReach)
 {
     // Four places a row, three rows: the thirteenth layer finds none.
@@ -104,7 +116,7 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReach)
     ASSERT_NE(summary, std::string::npos);
     EXPECT_EQ(r.out.substr(summary),
               "Summary\n"
-              "  arranged:     12 of 13 layers written (13 selected layers, no copies made)\n"
+              "  arranged:     12 of 13 layers (13 selected layers, no copies made)\n"
               "  not reached:  1: #13 \"Card 13\" (they kept their places, plus the offset (960.0, 540.0, 0.0) added "
               "to every position written)\n"
               "  surface:      Given steps: circle of radius 500, centre (960, 540, 0), y from 490 to 590\n"
