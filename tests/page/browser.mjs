@@ -69,11 +69,19 @@ export function view(page) {
   return page.evaluate(() => window.orbisettPage.view());
 }
 
+// Waits until the layers have stopped moving and the view is drawn sharp.
+export async function settle(page) {
+  await page.waitForFunction(() => {
+    const state = window.orbisettPage.state();
+    return !state.moving && state.sharp;
+  }, { timeout: 30000 });
+  await frames(page, 2);
+}
+
 // Clicks a toolbar button by its data attribute and waits for the view, and any move, to settle.
 export async function press(page, selector) {
   await page.click(selector);
-  await page.waitForFunction(() => !window.orbisettPage.state().moving, { timeout: 30000 });
-  await frames(page, 2);
+  await settle(page);
 }
 
 // Where the page's own panels cover the canvas.

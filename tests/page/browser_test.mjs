@@ -8,7 +8,7 @@ import fs from 'node:fs';
 import os from 'node:os';
 import path from 'node:path';
 import { after, before, describe, test } from 'node:test';
-import { covered, coveredRects, frames, kViewport, launch, open, pixels, press, view } from './browser.mjs';
+import { covered, coveredRects, frames, kViewport, launch, open, pixels, press, settle, view } from './browser.mjs';
 import { project, rectangles, sceneCamera, seenAt, viewCamera } from './scene_geometry.mjs';
 
 const kTool = process.env.ORBISETT_HOST;
@@ -170,9 +170,19 @@ describe('the demo page', () => {
       .find(({ rect, p }) => seenAt(camera, rects, p.x, p.y)?.rect === rect && p.y > 100);
     assert.ok(target, 'no card in plain sight');
     const { layer } = target.rect;
-    await page.mouse.move(target.p.x, target.p.y);
-    await frames(page, 2);
-    assert.equal(await page.$eval('#tooltip', (e) => (e.hidden ? '' : e.textContent)), `${layer.name}  (layer ${target.rect.number})`);
+    const named = (rect) => (rect ? `${rect.layer.name}  (layer ${rect.number})` : '');
+    const tooltipAt = async ({ x, y }) => {
+      await page.mouse.move(x, y);
+      await frames(page, 2);
+      return page.$eval('#tooltip', (e) => (e.hidden ? '' : e.textContent));
+    };
+    assert.equal(await tooltipAt(target.p), named(target.rect));
+    // Near the far corner, and beyond the side edge: whatever the scene has there, if anything.
+    const [c0, c1, , c3] = target.rect.corners;
+    for (const [u, v] of [[0.9, 0.9], [1.3, 0.5]]) {
+      const point = project(camera, c0.map((c, i) => c + u * (c1[i] - c) + v * (c3[i] - c)));
+      assert.equal(await tooltipAt(point), named(seenAt(camera, rects, point.x, point.y)?.rect), `at ${u}, ${v} of layer ${target.rect.number}`);
+    }
 
     await page.mouse.click(target.p.x, target.p.y);
     await frames(page, 1);
@@ -277,14 +287,20 @@ test('30,000 layers load and turn smoothly', async () => {
   assert.deepEqual(errors, []);
   assert.equal(await page.evaluate(() => window.orbisettPage.layerCount), count);
   const rate = await page.evaluate(() => window.orbisettPage.measureFrameRate(120));
+  const load = os.loadavg()[0];
+  await settle(page);
   await page.screenshot({ path: path.join(kShots, 'wall-30000.png') });
   console.log(`30,000 layers: the tool took ${toolMs} ms, the page ${(fs.statSync(html).size / 1e6).toFixed(1)} MB ` +
-    `loaded in ${loadMs} ms; orbiting: ${rate.fps.toFixed(1)} frames a second over ${rate.frames} frames ` +
-    `(${rate.drawCalls} draw calls, ${rate.triangles} triangles a frame)`);
+    `loaded in ${loadMs} ms; orbiting: ${rate.fps.toFixed(1)} frames a second over ${rate.frames} frames, drawn at ` +
+    `${rate.drawn.join(' × ')} for a ${rate.canvas.join(' × ')} canvas (${rate.drawCalls} draw calls, ` +
+    `${rate.triangles} triangles a frame; load average ${load.toFixed(1)} on ${os.cpus().length} cores)`);
   // One geometry for all layers: a handful of draw calls, not one a layer.
   assert.ok(rate.drawCalls <= 8, `${rate.drawCalls} draw calls a frame`);
-  // A floor well below the 30 frames a second an unloaded machine gives, so that the test holds
-  // while other work shares the cores, yet fails for drawing that does not scale.
-  assert.ok(rate.fps >= 5, `${rate.fps.toFixed(1)} frames a second`);
+  // About 30 frames a second and more on this 2-core machine when quiet, 20 with both cores
+  // busy with other work; the floor holds on a loaded machine, yet fails for drawing that does
+  // not scale (a draw call a layer gives 1 or 2).
+  assert.ok(rate.fps >= 10, `${rate.fps.toFixed(1)} frames a second`);
+  // At rest the view is drawn at the canvas's full size again.
+  assert.deepEqual(await page.$eval('#view', (c) => [c.width, c.height]), [kViewport.width, kViewport.height]);
   await page.close();
 });

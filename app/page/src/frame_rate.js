@@ -1,6 +1,9 @@
 // How smoothly the page turns: one full orbit about the scene, one step a frame, timed with
 // requestAnimationFrame. The frame rate is the frames drawn over the time between the first and
-// the last.
+// the last; the size drawn is the canvas's drawing buffer at the end of the orbit, before the view
+// rests and is drawn sharp.
+import { Vector2 } from 'three';
+
 export function measureOrbit(views, renderer, frames) {
   return new Promise((resolve) => {
     const times = [];
@@ -10,7 +13,11 @@ export function measureOrbit(views, renderer, frames) {
       if (times.length > frames) {
         const ms = times[times.length - 1] - times[0];
         const info = renderer.info.render;
-        resolve({ fps: (1000 * frames) / ms, frames, ms, drawCalls: info.calls, triangles: info.triangles });
+        const drawn = renderer.getDrawingBufferSize(new Vector2());
+        resolve({
+          fps: (1000 * frames) / ms, frames, ms, drawCalls: info.calls, triangles: info.triangles,
+          drawn: [drawn.x, drawn.y], canvas: [views.canvas.clientWidth, views.canvas.clientHeight],
+        });
         return;
       }
       views.controls.rotateLeft(step);

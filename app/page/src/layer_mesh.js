@@ -1,28 +1,46 @@
-// Every layer of the composition in one geometry, drawn in one call: four corners and two
-// triangles a layer, whichever its size. Corners come from the tool; nothing is turned here.
+// Every layer of the composition in one geometry, drawn in one call with one triangle a layer:
+// the right triangle on a layer's first corner whose legs are its two edges doubled holds the
+// layer's rectangle as the quarter at that corner, and the shader leaves out the rest. A software
+// renderer's cost grows with the triangles it sets up more than with the pixels they cover, so
+// one triangle a layer rather than two draws large scenes markedly faster. Both states are in the
+// geometry; the shader moves between them. Corners come from the tool; nothing is turned here.
 import { BufferAttribute, BufferGeometry, Mesh } from 'three';
 import { kLookCopy, kLookNoSource, layerMaterial } from './layer_shader.js';
 import { isCopy } from './scene_data.js';
 
-// Wound so that the side facing the viewer is the front exactly when the layer's visible face is.
-const kTriangles = [0, 3, 1, 1, 3, 2];
-const kCorners = [0, 0, 1, 0, 1, 1, 0, 1];
+// The layer coordinates of a triangle's vertices: the first corner, then twice the edge toward
+// the last corner, then twice the edge toward the second, wound like the layer's own corners.
+const kCorners = [0, 0, 0, 2, 2, 0];
 
-function layerGeometry(layers) {
+// A layer's triangle from its four corners (12 numbers each, a rectangle, so that the fourth
+// corner is the second and the last less the first).
+function triangles(corners) {
+  const count = corners.length / 12;
+  const out = new Float32Array(count * 9);
+  for (let i = 0; i < count; i += 1) {
+    const c = i * 12;
+    const t = i * 9;
+    for (let k = 0; k < 3; k += 1) {
+      const first = corners[c + k];
+      out[t + k] = first;
+      out[t + 3 + k] = 2 * corners[c + 9 + k] - first;
+      out[t + 6 + k] = 2 * corners[c + 3 + k] - first;
+    }
+  }
+  return out;
+}
+
+function layerGeometry(layers, corners) {
   const count = layers.length;
   const geometry = new BufferGeometry();
-  const index = count * 4 > 65535 ? new Uint32Array(count * 6) : new Uint16Array(count * 6);
-  const corner = new Uint8Array(count * 8);
-  const look = new Uint8Array(count * 4);
+  const corner = new Uint8Array(count * 6);
+  const look = new Uint8Array(count * 3);
   layers.forEach((layer, i) => {
-    kTriangles.forEach((v, k) => {
-      index[i * 6 + k] = i * 4 + v;
-    });
-    corner.set(kCorners, i * 8);
-    look.fill((isCopy(layer) ? kLookCopy : 0) + (layer.source ? 0 : kLookNoSource), i * 4, i * 4 + 4);
+    corner.set(kCorners, i * 6);
+    look.fill((isCopy(layer) ? kLookCopy : 0) + (layer.source ? 0 : kLookNoSource), i * 3, i * 3 + 3);
   });
-  geometry.setIndex(new BufferAttribute(index, 1));
-  geometry.setAttribute('position', new BufferAttribute(new Float32Array(count * 12), 3));
+  geometry.setAttribute('position', new BufferAttribute(triangles(corners.after), 3));
+  geometry.setAttribute('before', new BufferAttribute(triangles(corners.before), 3));
   // Small whole numbers: bytes, read as floats by the shader.
   geometry.setAttribute('corner', new BufferAttribute(corner, 2));
   geometry.setAttribute('look', new BufferAttribute(look, 1));
@@ -30,21 +48,16 @@ function layerGeometry(layers) {
 }
 
 export class LayerMesh {
-  // `bounds` is a sphere holding the layers in every state they are shown in.
-  constructor(layers, bounds) {
-    const geometry = layerGeometry(layers);
+  // `corners` holds both states' corners; `bounds` is a sphere holding the layers in both.
+  constructor(layers, corners, bounds) {
+    const geometry = layerGeometry(layers, corners);
     geometry.boundingSphere = bounds.clone();
     this.faces = new Mesh(geometry, layerMaterial());
   }
 
-  // Places every layer at the given corners (12 numbers per layer).
-  setCorners(corners) {
-    const position = this.faces.geometry.attributes.position;
-    position.array.set(corners);
-    position.needsUpdate = true;
-  }
-
-  layerOfFace(faceIndex) {
-    return Math.floor(faceIndex / 2);
+  // Places the layers `amount` of the way from where the scene had them (0) to where the run put
+  // them (1).
+  show(amount) {
+    this.faces.material.uniforms.toAfter.value = amount;
   }
 }

@@ -1,7 +1,8 @@
 // How a layer's rectangle is painted: the side that faces the viewer in its colour, front light
 // and back dark, copies warm, with an outline about a pixel wide along its edges, dashed for layers
-// without a source. Drawing the outline here keeps every layer to two triangles and one draw call.
-import { Color, DoubleSide, ShaderMaterial } from 'three';
+// without a source. Drawing the outline here keeps every layer to one triangle and one draw call.
+// Kept short: a software renderer runs it for every pixel of tens of thousands of layers.
+import { DoubleSide, ShaderMaterial, Vector3 } from 'three';
 import { palette } from './palette.js';
 
 // The `look` attribute: 1 for a copy, plus 2 for a layer without a source.
@@ -11,14 +12,18 @@ export const kLookNoSource = 2;
 const kDashPeriod = 9;
 
 const vertexShader = /* glsl */ `
+attribute vec3 before;
 attribute vec2 corner;
 attribute float look;
+uniform float toAfter;
 varying vec2 vCorner;
-varying float vLook;
+flat varying float vCopy;
+flat varying float vDashed;
 void main() {
   vCorner = corner;
-  vLook = look;
-  gl_Position = projectionMatrix * modelViewMatrix * vec4(position, 1.0);
+  vCopy = mod(look, 2.0);
+  vDashed = step(2.0, look);
+  gl_Position = projectionMatrix * viewMatrix * vec4(mix(before, position, toAfter), 1.0);
 }
 `;
 
@@ -30,32 +35,38 @@ uniform vec3 copyFront;
 uniform vec3 copyBack;
 uniform vec3 copyEdge;
 varying vec2 vCorner;
-varying float vLook;
+flat varying float vCopy;
+flat varying float vDashed;
 void main() {
-  // Interpolation may bring the whole number a hair off.
-  float look = floor(vLook + 0.5);
-  bool dashed = look >= 2.0;
-  bool copy = look - 2.0 * floor(look / 2.0) > 0.5;
-  vec3 face = copy ? (gl_FrontFacing ? copyFront : copyBack) : (gl_FrontFacing ? front : back);
-  // Distances in pixels: to the nearer of the two edges across each direction, and along them.
+  // Distances in pixels to the nearer of the two edges across each direction.
   vec2 perPixel = max(fwidth(vCorner), vec2(1e-6));
-  vec2 toEdge = min(vCorner, 1.0 - vCorner) / perPixel;
-  float along = toEdge.x < toEdge.y ? vCorner.y / perPixel.y : vCorner.x / perPixel.x;
-  // A layer only a few pixels across shows its face rather than a blot of outline.
-  float across = min(1.0 / perPixel.x, 1.0 / perPixel.y);
-  float line = (1.0 - smoothstep(0.6, 1.4, min(toEdge.x, toEdge.y))) * smoothstep(4.0, 8.0, across);
-  if (dashed && fract(along / ${kDashPeriod.toFixed(1)}) > 0.55) {
-    line = 0.0;
+  // The triangle beyond the layer's rectangle.
+  if (max(vCorner.x, vCorner.y) > 1.0) {
+    discard;
   }
-  gl_FragColor = vec4(mix(face, copy ? copyEdge : edge, line), 1.0);
-  #include <colorspace_fragment>
+  vec2 toEdge = min(vCorner, 1.0 - vCorner) / perPixel;
+  // A layer only a few pixels across shows its face rather than a blot of outline.
+  float line = (1.0 - smoothstep(0.6, 1.4, min(toEdge.x, toEdge.y))) *
+    smoothstep(4.0, 8.0, 1.0 / max(perPixel.x, perPixel.y));
+  // Dashes run along the nearer edge.
+  float along = toEdge.x < toEdge.y ? vCorner.y / perPixel.y : vCorner.x / perPixel.x;
+  line *= 1.0 - vDashed * step(0.55, fract(along / ${kDashPeriod.toFixed(1)}));
+  vec3 face = gl_FrontFacing ? mix(front, copyFront, vCopy) : mix(back, copyBack, vCopy);
+  gl_FragColor = vec4(mix(face, mix(edge, copyEdge, vCopy), line), 1.0);
 }
 `;
 
+// A palette colour as the canvas stores it: the shader writes colours as they are, without the
+// round trip through linear light that other materials take.
+function canvasColour(hex) {
+  const value = parseInt(hex.slice(1), 16);
+  return new Vector3((value >> 16) / 255, ((value >> 8) & 255) / 255, (value & 255) / 255);
+}
+
 export function layerMaterial() {
-  const uniforms = {};
+  const uniforms = { toAfter: { value: 1 } };
   for (const name of ['front', 'back', 'edge', 'copyFront', 'copyBack', 'copyEdge']) {
-    uniforms[name] = { value: new Color(palette[name]) };
+    uniforms[name] = { value: canvasColour(palette[name]) };
   }
   return new ShaderMaterial({ uniforms, vertexShader, fragmentShader, side: DoubleSide });
 }

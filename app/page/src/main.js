@@ -7,7 +7,8 @@ import { measureOrbit } from './frame_rate.js';
 import { LayerMesh } from './layer_mesh.js';
 import { palette, publishPalette } from './palette.js';
 import { Picker } from './picking.js';
-import { cornerArrays, isCopy, readSceneData } from './scene_data.js';
+import { Resolution } from './resolution.js';
+import { cornerArrays, cornersAt, isCopy, readSceneData } from './scene_data.js';
 import { Search } from './search.js';
 import { surroundings } from './surroundings.js';
 import { StateSwitch } from './transition.js';
@@ -65,6 +66,7 @@ class Page {
     this.canvas = doc.getElementById('view');
     this.renderer = new WebGLRenderer({ canvas: this.canvas, antialias: data.layers.length <= kMultisampledLayers });
     this.renderer.setPixelRatio(window.devicePixelRatio);
+    this.resolution = new Resolution((scale) => this.renderer.setPixelRatio(window.devicePixelRatio * scale));
     this.renderer.setClearColor(palette.background);
     this.scene = new Scene();
     this.needsRender = true;
@@ -72,7 +74,7 @@ class Page {
 
     this.corners = cornerArrays(data.layers);
     this.bounds = sceneBounds(data, this.corners);
-    this.layerMesh = new LayerMesh(data.layers, this.bounds.fit);
+    this.layerMesh = new LayerMesh(data.layers, this.corners, this.bounds.fit);
     this.highlight = this.makeHighlight();
     const around = surroundings(data);
     this.cameraMarker = around.cameraMarker;
@@ -80,8 +82,8 @@ class Page {
 
     this.views = new Views(this.canvas, this.bounds, data);
     this.views.onChange(() => this.viewChanged());
-    this.stateSwitch = new StateSwitch(this.corners, (corners) => this.place(corners));
-    this.picker = new Picker(this.views.camera, this.layerMesh, this.canvas);
+    this.stateSwitch = new StateSwitch((amount) => this.place(amount));
+    this.picker = new Picker(this.views.camera, this.corners, this.canvas);
     this.details = new Details(doc, doc.getElementById('details'), () => this.select(-1));
     this.tooltip = new Tooltip(doc.getElementById('tooltip'));
     this.search = new Search(doc.getElementById('search'), doc.getElementById('search-result'), data.layers,
@@ -105,14 +107,19 @@ class Page {
     return line;
   }
 
-  place(corners) {
-    this.layerMesh.setCorners(corners);
+  // Places the layers `amount` of the way from before (0) to after (1).
+  place(amount) {
+    this.layerMesh.show(amount);
     if (this.selected >= 0) {
       const position = this.highlight.geometry.attributes.position;
-      position.array.set(corners.subarray(this.selected * 12, this.selected * 12 + 12));
+      position.array.set(this.shownCorners(this.selected));
       position.needsUpdate = true;
     }
     this.requestRender();
+  }
+
+  shownCorners(index) {
+    return cornersAt(this.corners, this.stateSwitch.amount, index * 12, index * 12 + 12);
   }
 
   // Seen from its own eye, the camera's pyramid would only frame the view.
@@ -134,7 +141,7 @@ class Page {
       this.hover(this.pendingHover);
       this.pendingHover = null;
     }
-    if (this.needsRender || moving) {
+    if (this.resolution.frame(now, this.needsRender || moving)) {
       this.renderer.render(this.scene, this.views.camera);
       this.needsRender = false;
     }
@@ -159,17 +166,16 @@ class Page {
       this.requestRender();
       return;
     }
-    const shown = this.stateSwitch.moving ? this.stateSwitch.current : this.corners[this.stateSwitch.state];
-    this.place(shown);
+    this.place(this.stateSwitch.amount);
     this.details.show(this.data.layers[index]);
     if (centre) {
-      const box = new Box3().setFromArray(shown.subarray(index * 12, index * 12 + 12));
+      const box = new Box3().setFromArray(this.shownCorners(index));
       this.views.centreOn(box.getCenter(new Vector3()));
     }
   }
 
   hover(event) {
-    const index = this.picker.layerAt(event.clientX, event.clientY);
+    const index = this.picker.layerAt(event.clientX, event.clientY, this.stateSwitch.amount);
     if (index < 0) {
       this.tooltip.hide();
     } else {
@@ -213,11 +219,17 @@ class Page {
     });
     this.canvas.addEventListener('pointerup', (event) => {
       if (pressed && Math.hypot(event.clientX - pressed.x, event.clientY - pressed.y) < kClickSlop) {
-        this.select(this.picker.layerAt(event.clientX, event.clientY));
+        this.select(this.picker.layerAt(event.clientX, event.clientY, this.stateSwitch.amount));
       }
       pressed = null;
     });
+    // No names while dragging: picking would only slow the turning down.
     this.canvas.addEventListener('pointermove', (event) => {
+      if (event.buttons !== 0) {
+        this.pendingHover = null;
+        this.tooltip.hide();
+        return;
+      }
       this.pendingHover = { clientX: event.clientX, clientY: event.clientY };
     });
     this.canvas.addEventListener('pointerleave', () => this.tooltip.hide());
@@ -260,10 +272,11 @@ class Page {
     return {
       layerCount: this.data.layers.length,
       view: () => this.views.describe(),
-      state: () => ({ shown: this.stateSwitch.state, moving: this.stateSwitch.moving }),
+      state: () => ({ shown: this.stateSwitch.state, moving: this.stateSwitch.moving, sharp: this.resolution.sharp }),
       measureFrameRate: async (frames = 120) => {
         const result = await measureOrbit(this.views, this.renderer, frames);
-        this.doc.getElementById('frame-rate').textContent = `${result.fps.toFixed(0)} frames a second while turning`;
+        const reduced = result.drawn[0] < result.canvas[0] * window.devicePixelRatio ? `, drawn at ${result.drawn.join(' × ')}` : '';
+        this.doc.getElementById('frame-rate').textContent = `${result.fps.toFixed(0)} frames a second while turning${reduced}`;
         return result;
       },
     };

@@ -24,6 +24,17 @@ export function cornerArrays(layers) {
   return { before, after };
 }
 
+// Both states' corners `amount` of the way from before (0) to after (1), as one flat array; from
+// and to pick a part of it.
+export function cornersAt(corners, amount, from = 0, to = corners.after.length) {
+  const { before, after } = corners;
+  const out = new Float32Array(to - from);
+  for (let i = from; i < to; i += 1) {
+    out[i - from] = before[i] + (after[i] - before[i]) * amount;
+  }
+  return out;
+}
+
 export function isCopy(layer) {
   return layer.copy_of !== undefined;
 }

@@ -1,19 +1,20 @@
 // "Before" and "after": the layers where the scene had them and where the run put them, with an
-// eased move between the two.
+// eased move between the two. Where the layers are is one number, how far they are along the way
+// from before (0) to after (1); the layers' shader places them by it.
 import { MathUtils } from 'three';
 
 const kDurationMs = 900;
+const kAmounts = { before: 0, after: 1 };
 
 export class StateSwitch {
-  // `apply(corners)` places the layers.
-  constructor(corners, apply) {
-    this.corners = corners;
+  // `apply(amount)` places the layers.
+  constructor(apply) {
     this.apply = apply;
     this.state = 'after';
-    this.current = new Float32Array(corners.after.length);
+    this.amount = 1;
     this.from = null;
     this.started = 0;
-    apply(corners.after);
+    apply(this.amount);
   }
 
   get moving() {
@@ -25,7 +26,7 @@ export class StateSwitch {
       return;
     }
     // A switch during a move starts from where the layers are.
-    this.from = this.moving ? this.current.slice() : this.corners[this.state];
+    this.from = this.amount;
     this.state = state;
     this.started = now;
   }
@@ -39,19 +40,13 @@ export class StateSwitch {
     if (!this.moving) {
       return false;
     }
-    const to = this.corners[this.state];
+    const to = kAmounts[this.state];
     const t = MathUtils.smootherstep(now - this.started, 0, kDurationMs);
+    this.amount = t >= 1 ? to : this.from + (to - this.from) * t;
     if (t >= 1) {
       this.from = null;
-      this.apply(to);
-      return false;
     }
-    const from = this.from;
-    const current = this.current;
-    for (let i = 0; i < current.length; i += 1) {
-      current[i] = from[i] + (to[i] - from[i]) * t;
-    }
-    this.apply(current);
-    return true;
+    this.apply(this.amount);
+    return this.moving;
   }
 }

@@ -1,0 +1,75 @@
+// How sharp the canvas is drawn. A software renderer can take longer than a frame to draw tens of
+// thousands of layers at the canvas's full resolution; while the view moves, the canvas is then
+// drawn at a lower resolution, as far as needed to keep up about 40 frames a second but no lower
+// than half its size across, and sharp again once the view has rested a moment. Where frames come
+// quickly, as with a graphics card, nothing changes.
+const kRestMs = 200;
+// Frames drawn further apart than this lower the resolution, aiming at kAimMs; frames closer
+// than kFastMs raise it again.
+const kSlowMs = 1000 / 36;
+const kAimMs = 1000 / 40;
+const kFastMs = 1000 / 50;
+const kLowest = 0.5;
+// Frames timed before each change of resolution.
+const kWindow = 4;
+
+export class Resolution {
+  // `resize(scale)` draws the canvas at `scale` of its full resolution from then on.
+  constructor(resize) {
+    this.resize = resize;
+    this.scale = 1;
+    this.movingScale = 1;
+    this.lastChange = -Infinity;
+    this.previous = null;
+    this.gaps = [];
+  }
+
+  get sharp() {
+    return this.scale === 1;
+  }
+
+  // Called on every animation frame with whether the frame has a change to draw; returns whether
+  // to draw it: a change always, at the resolution for moving, and an unchanged view once, sharp,
+  // when it has rested.
+  frame(now, changed) {
+    const previous = this.previous;
+    // Two changes drawn in successive frames at the same resolution: the time between them is
+    // how long drawing takes, as far as the browser shows it.
+    if (changed && previous && previous.drawn && previous.scale === this.movingScale && this.scale === this.movingScale) {
+      this.time(now - previous.at);
+    }
+    let draw = changed;
+    if (changed) {
+      this.lastChange = now;
+      this.use(this.movingScale);
+    } else if (!this.sharp && now - this.lastChange >= kRestMs) {
+      this.use(1);
+      draw = true;
+    }
+    this.previous = { at: now, drawn: changed, scale: this.scale };
+    return draw;
+  }
+
+  time(gap) {
+    this.gaps.push(gap);
+    if (this.gaps.length < kWindow) {
+      return;
+    }
+    const mean = this.gaps.reduce((sum, g) => sum + g, 0) / this.gaps.length;
+    this.gaps = [];
+    if (mean > kSlowMs) {
+      // Drawing time goes roughly with the pixels drawn, the square of the scale.
+      this.movingScale = Math.max(kLowest, this.movingScale * Math.max(0.7, Math.sqrt(kAimMs / mean)));
+    } else if (mean < kFastMs) {
+      this.movingScale = Math.min(1, this.movingScale * 1.15);
+    }
+  }
+
+  use(scale) {
+    if (scale !== this.scale) {
+      this.scale = scale;
+      this.gaps = [];
+      this.resize(scale);
+    }
+  }
+}
