@@ -1,8 +1,8 @@
 // How sharp the canvas is drawn. A software renderer can take longer than a frame to draw tens of
-// thousands of layers at the canvas's full resolution; while the view moves, the canvas is then
+// thousands of layers at the canvas's full resolution. While the view moves, the canvas is then
 // drawn at a lower resolution, as far as needed to keep up about 40 frames a second but no lower
-// than half its size across, and sharp again once the view has rested a moment. Where frames come
-// quickly, as with a graphics card, nothing changes.
+// than half its size across; a single change, and the view once it has rested a moment, are drawn
+// sharp. Where frames come quickly, as with a graphics card, nothing changes.
 const kRestMs = 200;
 // Frames drawn further apart than this lower the resolution, aiming at kAimMs; frames closer
 // than kFastMs raise it again.
@@ -29,8 +29,8 @@ export class Resolution {
   }
 
   // Called on every animation frame with whether the frame has a change to draw; returns whether
-  // to draw it: a change always, at the resolution for moving, and an unchanged view once, sharp,
-  // when it has rested.
+  // to draw it: a change always, at the resolution for moving if it follows another closely, and
+  // an unchanged view once, sharp, when it has rested.
   frame(now, changed) {
     const previous = this.previous;
     // Two changes drawn in successive frames at the same resolution: the time between them is
@@ -40,8 +40,8 @@ export class Resolution {
     }
     let draw = changed;
     if (changed) {
+      this.use(now - this.lastChange < kRestMs ? this.movingScale : 1);
       this.lastChange = now;
-      this.use(this.movingScale);
     } else if (!this.sharp && now - this.lastChange >= kRestMs) {
       this.use(1);
       draw = true;
