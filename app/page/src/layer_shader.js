@@ -1,7 +1,7 @@
 // How a layer's rectangle is painted: the side that faces the viewer in its colour, front light
 // and back dark, copies warm, with an outline about a pixel wide along its edges, dashed for layers
-// without a source. Drawing the outline here keeps every layer to one triangle and one draw call.
-// Kept short: a software renderer runs it for every pixel of tens of thousands of layers.
+// without a source. Drawing the outline here keeps every layer to one or two triangles and all to
+// one draw call. Kept short: a software renderer runs it for every pixel of every layer.
 import { DoubleSide, ShaderMaterial, Vector3 } from 'three';
 import { palette } from './palette.js';
 
@@ -38,12 +38,14 @@ varying vec2 vCorner;
 flat varying float vCopy;
 flat varying float vDashed;
 void main() {
-  // Distances in pixels to the nearer of the two edges across each direction.
   vec2 perPixel = max(fwidth(vCorner), vec2(1e-6));
+#ifdef ONE_TRIANGLE_EACH
   // The triangle beyond the layer's rectangle.
   if (max(vCorner.x, vCorner.y) > 1.0) {
     discard;
   }
+#endif
+  // Distances in pixels to the nearer of the two edges across each direction.
   vec2 toEdge = min(vCorner, 1.0 - vCorner) / perPixel;
   // A layer only a few pixels across shows its face rather than a blot of outline.
   float line = (1.0 - smoothstep(0.6, 1.4, min(toEdge.x, toEdge.y))) *
@@ -63,10 +65,12 @@ function canvasColour(hex) {
   return new Vector3((value >> 16) / 255, ((value >> 8) & 255) / 255, (value & 255) / 255);
 }
 
-export function layerMaterial() {
+// `oneTriangleEach`: each layer is drawn as the corner of a triangle twice its size.
+export function layerMaterial({ oneTriangleEach }) {
   const uniforms = { toAfter: { value: 1 } };
   for (const name of ['front', 'back', 'edge', 'copyFront', 'copyBack', 'copyEdge']) {
     uniforms[name] = { value: canvasColour(palette[name]) };
   }
-  return new ShaderMaterial({ uniforms, vertexShader, fragmentShader, side: DoubleSide });
+  const defines = oneTriangleEach ? { ONE_TRIANGLE_EACH: '' } : {};
+  return new ShaderMaterial({ uniforms, defines, vertexShader, fragmentShader, side: DoubleSide });
 }

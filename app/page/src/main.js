@@ -19,9 +19,11 @@ const kClickSlop = 5;
 const kOrbitStep = Math.PI / 36;
 // Orbit controls take a dolly factor below 1, in or out.
 const kZoomStep = 1 / 1.15;
-// Multisampling costs a software renderer several times the drawing time; outlines are smoothed
-// by the layers' shader anyway, so large scenes go without it.
-const kMultisampledLayers = 5000;
+// Above this many layers a software renderer's drawing time goes with the layers' count more than
+// with their pixels: each layer is drawn as one triangle rather than two, and without
+// multisampling, which costs several times the drawing time (outlines are smoothed by the layers'
+// shader anyway).
+const kManyLayers = 5000;
 
 function showMessage(doc, text) {
   const message = doc.getElementById('message');
@@ -64,7 +66,7 @@ class Page {
     this.doc = doc;
     this.data = data;
     this.canvas = doc.getElementById('view');
-    this.renderer = new WebGLRenderer({ canvas: this.canvas, antialias: data.layers.length <= kMultisampledLayers });
+    this.renderer = new WebGLRenderer({ canvas: this.canvas, antialias: data.layers.length <= kManyLayers });
     this.renderer.setPixelRatio(window.devicePixelRatio);
     this.resolution = new Resolution((scale) => this.renderer.setPixelRatio(window.devicePixelRatio * scale));
     this.renderer.setClearColor(palette.background);
@@ -74,7 +76,7 @@ class Page {
 
     this.corners = cornerArrays(data.layers);
     this.bounds = sceneBounds(data, this.corners);
-    this.layerMesh = new LayerMesh(data.layers, this.corners, this.bounds.fit);
+    this.layerMesh = new LayerMesh(data.layers, this.corners, this.bounds.fit, { oneTriangleEach: data.layers.length > kManyLayers });
     this.highlight = this.makeHighlight();
     const around = surroundings(data);
     this.cameraMarker = around.cameraMarker;
