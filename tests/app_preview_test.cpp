@@ -335,6 +335,17 @@ TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFace)
     EXPECT_NE(group(svg, "Near").find(">Near</text>"), std::string::npos);
 }
 
+TEST(PreviewPicture, ANameANearerFaceCoversIsLeftOut)
+{
+    // Far's name, half hidden, would read as another name; moved clear of it, it is drawn.
+    host::Project project = cardsProject();
+    layerNamed(project, "Near").prop(host::Prop::position).value = {1200, 300, -400};
+    EXPECT_EQ(group(picture(project).svg, "Far").find("<text"), std::string::npos);
+    EXPECT_NE(group(picture(project).svg, "Near").find(">Near</text>"), std::string::npos);
+    layerNamed(project, "Near").prop(host::Prop::position).value = {1600, 300, -400};
+    EXPECT_NE(group(picture(project).svg, "Far").find(">Far</text>"), std::string::npos);
+}
+
 TEST(PreviewPicture, LayersWithoutASourceAreDashedOutlines)
 {
     host::Project project = cardsProject();
