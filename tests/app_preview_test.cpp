@@ -31,32 +31,21 @@ void expectNear(const Vec3& actual, const Vec3& expected, double tolerance = kTi
     EXPECT_NEAR(actual.z, expected.z, tolerance);
 }
 
-TEST(LayerTurn, EachAxisTurnsRightHandedInTheHostFrame)
+TEST(LayerTurn, RightHandedXThenYThenZOrientationBeforeRotations)
 {
     expectNear(app::turnXYZ({0, 1, 0}, {90, 0, 0}), {0, 0, 1});
     expectNear(app::turnXYZ({0, 0, 1}, {0, 90, 0}), {1, 0, 0});
     expectNear(app::turnXYZ({1, 0, 0}, {0, 0, 90}), {0, 1, 0});
     expectNear(app::turnXYZ({1, 2, 3}, {0, 0, 0}), {1, 2, 3});
-}
-
-TEST(LayerTurn, XTurnsFirstThenYThenZ)
-{
     // X first takes (0, 1, 0) to +Z, which Y then takes to +X; Y first would leave it on the axis.
     expectNear(app::turnXYZ({0, 1, 0}, {90, 90, 0}), {1, 0, 0});
     // X leaves (1, 0, 0) alone, Y takes it to -Z, Z leaves that; Z first would end at +Z.
     expectNear(app::turnXYZ({1, 0, 0}, {90, 90, 90}), {0, 0, -1});
-}
-
-TEST(LayerTurn, OrientationTurnsBeforeTheRotations)
-{
     // Orientation X 90 tips the face normal to +Y (down); Rotation Z 90 then takes +Y to -X.
     expectNear(app::faceNormal({90, 0, 0}, {0, 0, 90}), {-1, 0, 0});
     // The other way round the Z turn acts on (0, 0, -1) first, which it leaves alone.
     expectNear(app::turnLayerPoint({0, 0, -1}, {0, 0, 90}, {90, 0, 0}), {0, 1, 0});
-}
-
-TEST(LayerTurn, UnturnedLayerFacesTheViewer)
-{
+    // Unturned, a layer faces the viewer.
     expectNear(app::faceNormal({0, 0, 0}, {0, 0, 0}), {0, 0, -1});
 }
 
@@ -81,7 +70,7 @@ TEST(LayerTurn, OrientationNumbersOfTheCylinderFaceOutward)
     expectNear(app::faceNormal({-0.0, 180, -0.0}, {}), outward(180));
 }
 
-TEST(PlacedRectangle, AnchorAtTheCentreScaledAndMoved)
+TEST(PlacedRectangle, AnchorAtTheCentreScaledMovedAndTurned)
 {
     const app::PlacedLayer p = app::placeRectangle(400, 300, {960, 540, 0}, {50, 200, 100}, {}, {});
     expectNear(p.corners[0], {860, 240, 0});
@@ -90,13 +79,9 @@ TEST(PlacedRectangle, AnchorAtTheCentreScaledAndMoved)
     expectNear(p.corners[3], {860, 840, 0});
     expectNear(p.centre, {960, 540, 0});
     expectNear(p.normal, {0, 0, -1});
-}
-
-TEST(PlacedRectangle, TurnedLayerStandsAlongTheNormal)
-{
-    const app::PlacedLayer p = app::placeRectangle(200, 100, {0, 0, 500}, {100, 100, 100}, {0, -90, 0}, {});
-    expectNear(p.normal, {1, 0, 0});
-    for (const Vec3& corner : p.corners) {
+    const app::PlacedLayer turned = app::placeRectangle(200, 100, {0, 0, 500}, {100, 100, 100}, {0, -90, 0}, {});
+    expectNear(turned.normal, {1, 0, 0});
+    for (const Vec3& corner : turned.corners) {
         EXPECT_NEAR(corner.x, 0, kTight);
         EXPECT_NEAR(std::fabs(corner.z - 500), 100, kTight);
         EXPECT_NEAR(std::fabs(corner.y), 50, kTight);
@@ -115,29 +100,25 @@ TEST(PlacedRectangle, NormalFromTheCornersMatchesTheTurnedFaceNormal)
     }
 }
 
-TEST(PreviewCamera, ProjectsOntoThePlaneAtDistanceOne)
+TEST(PreviewCamera, ProjectsOntoThePlaneAtDistanceOneAndARaisedCameraLooksDownOnTheCentre)
 {
     const app::Camera camera = app::cameraLookingAt({0, 0, -10}, {0, 0, 0});
     const app::Projected q = app::project(camera, {1, 2, 0});
     EXPECT_NEAR(q.x, 0.1, kTight);
     EXPECT_NEAR(q.y, 0.2, kTight);
     EXPECT_NEAR(q.depth, 10, kTight);
-}
-
-TEST(PreviewCamera, RaisedCameraLooksDownOnTheCentre)
-{
-    const app::Camera camera = app::raisedCamera({960, 540, 0}, 1000, 30);
-    EXPECT_LT(camera.eye.y, 540);  // above: Y points down
-    EXPECT_LT(camera.eye.z, 0);    // on the viewer's side
-    EXPECT_NEAR(app::length(camera.eye - Vec3{960, 540, 0}), 2600, 1e-9);
-    const app::Projected centre = app::project(camera, {960, 540, 0});
+    const app::Camera raised = app::raisedCamera({960, 540, 0}, 1000, 30);
+    EXPECT_LT(raised.eye.y, 540);  // above: Y points down
+    EXPECT_LT(raised.eye.z, 0);    // on the viewer's side
+    EXPECT_NEAR(app::length(raised.eye - Vec3{960, 540, 0}), 2600, 1e-9);
+    const app::Projected centre = app::project(raised, {960, 540, 0});
     EXPECT_NEAR(centre.x, 0, kTight);
     EXPECT_NEAR(centre.y, 0, kTight);
     // Seen from above, the cylinder's near rim lies lower in the picture than its far rim.
-    EXPECT_GT(app::project(camera, {960, 540, -500}).y, app::project(camera, {960, 540, 500}).y);
+    EXPECT_GT(app::project(raised, {960, 540, -500}).y, app::project(raised, {960, 540, 500}).y);
     // Right stays right, up stays up.
-    EXPECT_GT(app::project(camera, {1460, 540, 0}).x, 0);
-    EXPECT_LT(app::project(camera, {960, 40, 0}).y, 0);
+    EXPECT_GT(app::project(raised, {1460, 540, 0}).x, 0);
+    EXPECT_LT(app::project(raised, {960, 40, 0}).y, 0);
 }
 
 host::Project cardsProject()
@@ -216,7 +197,7 @@ void expectOnlyFiniteNumbers(const std::string& svg)
     EXPECT_FALSE(std::regex_search(svg, numeric));
 }
 
-TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceWithItsNameOnHover)
+TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceBackToFrontWithItsNameAndShadedBackFaces)
 {
     const std::string svg = picture(cardsProject()).svg;
     EXPECT_EQ(count(svg, "<polygon"), 3u);
@@ -225,11 +206,6 @@ TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceWithItsNameOnHover)
     EXPECT_EQ(count(svg, ">Turned</text>"), 1u);
     EXPECT_EQ(count(svg, "Camera"), 0u);
     EXPECT_EQ(count(svg, "Flat"), 0u);
-}
-
-TEST(PreviewPicture, PaintsBackToFrontAndShadesBackFaces)
-{
-    const std::string svg = picture(cardsProject()).svg;
     EXPECT_LT(svg.find("data-layer=\"Far\""), svg.find("data-layer=\"Near\""));
     EXPECT_NE(group(svg, "Turned").find("data-face=\"back\""), std::string::npos);
     EXPECT_EQ(count(svg, "data-face=\"front\""), 2u);
@@ -371,7 +347,7 @@ TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled)
     EXPECT_LT(p.svg.size(), 300u * kLayers);
 }
 
-TEST(PreviewScene, CylinderFromTheSettingsAsThePluginReadsThem)
+TEST(PreviewScene, CylinderFromTheSettingsAndLayerSizesAsThePluginReadsThem)
 {
     host::Comp comp;
     comp.width = 1920;
@@ -389,16 +365,12 @@ TEST(PreviewScene, CylinderFromTheSettingsAsThePluginReadsThem)
     expectNear(moved.centre, {100, -200, -300});
     EXPECT_NEAR(moved.half_x, 0.05, 1e-8);  // clamped to the field's minimum, 0.1
     EXPECT_EQ(moved.height, 1e7);
-}
-
-TEST(PreviewScene, LayerSizeFromSourceOrComposition)
-{
     host::Project project = cardsProject();
-    const host::Comp& comp = project.comps.front();
-    EXPECT_EQ(app::layerSize(project, comp, comp.layers[0]), (std::array<double, 2>{400, 300}));
+    const host::Comp& main = project.comps.front();
+    EXPECT_EQ(app::layerSize(project, main, main.layers[0]), (std::array<double, 2>{400, 300}));
     host::Layer text;
     text.type = AEGP_ObjectType_TEXT;
-    EXPECT_EQ(app::layerSize(project, comp, text), (std::array<double, 2>{1920, 1080}));
+    EXPECT_EQ(app::layerSize(project, main, text), (std::array<double, 2>{1920, 1080}));
 }
 
 Vec3 corner(const nlohmann::json& corners, int i)

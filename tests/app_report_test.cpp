@@ -101,7 +101,7 @@ TEST_F(Report, LayersThePreviewCannotDrawAreNamed)
     EXPECT_EQ(warnings(scene, {}), Lines{});  // without a picture nothing is left out
 }
 
-TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReach)
+TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
 {
     // Four places a row, three rows: the thirteenth layer finds none.
     const apptest::ToolRun r = run({writeScene("s.json", cardScene(13)), "--set", "EDIT_MIN_LONGITUDE=90", "--set",
@@ -125,10 +125,6 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReach)
     EXPECT_EQ(report["not_reached"], json::parse(R"([{"layer": 13, "name": "Card 13"}])"));
     EXPECT_EQ(report["arranged"], 12);
     EXPECT_EQ(report["status"], 0);
-}
-
-TEST_F(Report, NotAppliedUndoneAndQuiet)
-{
     const std::string scene = writeScene("s.json", cardScene(3));
     EXPECT_NE(run({scene, "--no-apply"}).out.find(
                   "  arranged:     nothing: \"Apply\" was not pressed (3 selected layers, no copies made)\n"),
