@@ -125,7 +125,7 @@ TEST_F(HostSuites, UndisposedStreamsAndCollectionsShow) {
     EXPECT_EQ(1u, h.openCollections());
 }
 
-TEST(HostCurrent, SuiteCallsWithoutAHostFail) {
+TEST(HostCurrent, TheNewestHostIsCurrentUntilAnotherIsMadeCurrentAndWithoutOneCallsFail) {
     auto h = std::make_unique<host::Host>();
     const void* table = nullptr;
     ASSERT_EQ(A_Err_NONE, h->basicSuite()->AcquireSuite(kAEGPItemSuite, 3, &table));
@@ -135,14 +135,10 @@ TEST(HostCurrent, SuiteCallsWithoutAHostFail) {
     AEGP_ItemH item = nullptr;
     EXPECT_EQ(A_Err_GENERIC, static_cast<const AEGP_ItemSuite3*>(table)->AEGP_GetActiveItem(&item));
     EXPECT_EQ(A_Err_GENERIC, basic.AcquireSuite(kAEGPItemSuite, 3, &table));
-}
-
-TEST(HostCurrent, TheNewestHostIsCurrentUntilAnotherIsMadeCurrent) {
     host::Host first;
     host::Host second;
     EXPECT_EQ(&second, host::Host::current());
     first.makeCurrent();
-    const void* table = nullptr;
     first.basicSuite()->AcquireSuite(kAEGPItemSuite, 3, &table);
     EXPECT_EQ(1, first.acquireCount(kAEGPItemSuite, 3));
     EXPECT_EQ(0, second.acquireCount(kAEGPItemSuite, 3));

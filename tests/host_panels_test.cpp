@@ -79,14 +79,6 @@ TEST_F(HostPanels, FirstToggleCreatesTheViewAndCallsTheHookThenShows) {
     EXPECT_EQ(1, front);
 }
 
-TEST_F(HostPanels, DrawingReachesTheViewsHandlers) {
-    EXPECT_EQ(eventNotHandledErr, h.drawPanel("DE_Orbisett v1.3").status);
-    h.togglePanel("DE_Orbisett v1.3");
-    EXPECT_TRUE(h.panelPaintsBackground("DE_Orbisett v1.3"));
-    EXPECT_EQ(noErr, h.drawPanel("DE_Orbisett v1.3").status);
-    EXPECT_EQ(1, g_created.draws);
-}
-
 TEST_F(HostPanels, LaterTogglesHideAndShowWithoutCreatingAgain) {
     ps->AEGP_ToggleVisibility(text("DE_Orbisett v1.3"));
     ps->AEGP_ToggleVisibility(text("DE_Orbisett v1.3"));
@@ -96,6 +88,14 @@ TEST_F(HostPanels, LaterTogglesHideAndShowWithoutCreatingAgain) {
     EXPECT_TRUE(h.panelShown("DE_Orbisett v1.3"));
     EXPECT_TRUE(platform::isEffectivelyVisible(g_created.view));
     EXPECT_EQ(1, g_created.calls);
+}
+
+TEST_F(HostPanels, DrawingReachesTheViewsHandlers) {
+    EXPECT_EQ(eventNotHandledErr, h.drawPanel("DE_Orbisett v1.3").status);
+    h.togglePanel("DE_Orbisett v1.3");
+    EXPECT_TRUE(h.panelPaintsBackground("DE_Orbisett v1.3"));
+    EXPECT_EQ(noErr, h.drawPanel("DE_Orbisett v1.3").status);
+    EXPECT_EQ(1, g_created.draws);
 }
 
 TEST_F(HostPanels, SnapSizesComeFromThePluginsFunctions) {
