@@ -190,15 +190,19 @@ TEST_F(HostHooks, ReportsAreKeptInOrderWithTheAlertsForFailedCommands) {
     EXPECT_EQ(4, h.reports()[2].plugin);
 }
 
+// One plug-in at a time (loading a module from a file ends in the same start).
 TEST_F(HostHooks, PluginsGetTheirRefconAndDieOnUnload) {
     ASSERT_EQ(A_Err_NONE, h.startPlugin(linkedEntry));
     EXPECT_TRUE(h.pluginLoaded());
+    EXPECT_NE(0, h.pluginId());
+    EXPECT_EQ(A_Err_GENERIC, h.startPlugin(linkedEntry));
     EXPECT_EQ(2u, h.hookCount());
     h.idle();
     EXPECT_EQ((std::vector<std::string>{"idle with refcon"}), g_log);
     h.unloadPlugin();
     EXPECT_EQ((std::vector<std::string>{"idle with refcon", "death"}), g_log);
     EXPECT_EQ(0u, h.hookCount());
+    EXPECT_EQ(0, h.pluginId());
     h.idle();
     EXPECT_EQ(2u, g_log.size());
     EXPECT_EQ(1, h.acquireCount(kAEGPRegisterSuite, 1));
