@@ -20,7 +20,7 @@ class CylinderGeometryTest : public CylinderTest {};
 
 // ---- Cylinder coordinates ------------------------------------------------------------------
 
-TEST_F(CylinderGeometryTest, CylinderCoordinatesOfTheSidesAndTheAxisAndBack)
+TEST_F(CylinderGeometryTest, CylinderCoordinatesOfTheSidesAndTheAxisAndBackAndTheTangent)
 {
     // A point on the axis has no cylinder coordinates at all.
     EXPECT_EQ(Vector(0, 0, 0), dlg().cart_to_cyl(Vector(0, 50, 0)));
@@ -35,10 +35,7 @@ TEST_F(CylinderGeometryTest, CylinderCoordinatesOfTheSidesAndTheAxisAndBack)
     const Vector p = dlg().cyl_to_cart(q);
     expect_vector(Vector(250 * std::sin(2.5), -40, 250 * std::cos(2.5)), p, 0);
     expect_vector(q, dlg().cart_to_cyl(p), 1e-12);
-}
-
-TEST_F(CylinderGeometryTest, TangentTurnsTowardIncreasingAngle)
-{
+    // The tangent turns toward increasing angle.
     Vector phi_dir;
     Vector z_dir;
     dlg().get_phi_z_dir(Vector(3, 7, 4), phi_dir, z_dir);
@@ -51,7 +48,7 @@ TEST_F(CylinderGeometryTest, TangentTurnsTowardIncreasingAngle)
 
 // ---- Surface positions -------------------------------------------------------------------------
 
-TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipseOrOnTheGivenRadius)
+TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipseOrOnTheGivenRadiusAndNowhereWithoutAnEllipse)
 {
     set_float(EDIT_DIM_X, 1000);
     set_float(EDIT_DIM_Z, 400);
@@ -69,10 +66,6 @@ TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipseOrOnTheGivenRadius)
     EXPECT_NEAR(250 * std::sin(1.2), circle.x, 1e-12);
     EXPECT_EQ(30, circle.y);
     EXPECT_NEAR(250 * std::cos(1.2), circle.z, 1e-12);
-}
-
-TEST_F(CylinderGeometryTest, NoEllipseMeansNowhere)
-{
     // Without a window the extents read 0.
     CylinderDialog windowless(kPluginId);
     EXPECT_EQ(Vector(1e20, 1e20, 1e20), windowless.get_position(0.3, 10, 0));
@@ -185,23 +178,6 @@ TEST_F(CylinderGeometryTest, LocateLayerFlipsYAndZAroundTheCentre)
     EXPECT_EQ(-220, value.val.three_d.y);
     EXPECT_EQ(-330, value.val.three_d.z);
     EXPECT_EQ(reinterpret_cast<AEGP_StreamRefH>(0x1234), value.streamH);
-}
-
-TEST_F(CylinderGeometryTest, FrontStartReachesTheLayerAroundTheCompCentre)
-{
-    ASSERT_EQ(A_Err_NONE, state().save_selection());
-    ASSERT_EQ(1920, state().comp_width);
-    double phi = 0;
-    double h = 0;
-    dlg().initial_angles(phi, h);
-    const Vector p = dlg().get_position(phi, h, 0);
-    EXPECT_EQ(Vector(0, -1000, 500), p);
-    AEGP_StreamValue value{};
-    dlg().locate_layer(p, &value);
-    const Vector offset = dlg().get_offset();
-    EXPECT_EQ(960, value.val.three_d.x + offset.x);
-    EXPECT_EQ(540 + 1000, value.val.three_d.y + offset.y);
-    EXPECT_EQ(-500, value.val.three_d.z + offset.z);
 }
 
 }  // namespace

@@ -199,7 +199,7 @@ TEST_F(EquatorialRingTest, BeginAtBackStartsAtTheBackFacingBack)
     expect_closed(panels(std::vector<double>(6, 100)), 1e-6);
 }
 
-TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayer)
+TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayerUnlessItHasNoWidth)
 {
     widths({200, 200, 200, 50});
     std::prev(records().end())->scale.val.three_d = AEGP_ThreeDVal{80, 70, 60};
@@ -214,6 +214,19 @@ TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayer)
     std::vector<Panel> ring = panels({200, 200, 200, 50});
     ring[3].width = 50 * f;
     expect_closed(ring, 1e-6);
+    // A last layer without width stays unscaled; uneven widths stay finite.
+    widths({100, 100, 100, 0});
+    dlg().get_layers_pos();
+    const LayerInfo& flat = nth(records(), 3);
+    EXPECT_EQ(0, flat.size.x);
+    EXPECT_EQ(100, flat.scale.val.three_d.x);
+    EXPECT_FALSE(is_snapshot(flat));
+    EXPECT_TRUE(all_finite(records()));
+    set_float(EDIT_DIM_X, 2000);
+    set_float(EDIT_DIM_Z, 300);
+    widths({5, 400, 1, 250, 3, 3});
+    dlg().get_layers_pos();
+    EXPECT_TRUE(all_finite(records()));
 }
 
 // ---- Nothing to build ----------------------------------------------------------------------------
@@ -236,22 +249,6 @@ TEST_F(EquatorialRingTest, TwoLayersWidthsSummingToZeroOrNoBoxLeaveEverything)
     for (const LayerInfo& r : windowless.layers) {
         EXPECT_TRUE(is_snapshot(r));
     }
-}
-
-TEST_F(EquatorialRingTest, LastLayerWithoutWidthStaysUnscaledAndUnevenWidthsFinite)
-{
-    widths({100, 100, 100, 0});
-    dlg().get_layers_pos();
-    const LayerInfo& last = nth(records(), 3);
-    EXPECT_EQ(0, last.size.x);
-    EXPECT_EQ(100, last.scale.val.three_d.x);
-    EXPECT_FALSE(is_snapshot(last));
-    EXPECT_TRUE(all_finite(records()));
-    set_float(EDIT_DIM_X, 2000);
-    set_float(EDIT_DIM_Z, 300);
-    widths({5, 400, 1, 250, 3, 3});
-    dlg().get_layers_pos();
-    EXPECT_TRUE(all_finite(records()));
 }
 
 } // namespace

@@ -118,7 +118,7 @@ TEST(MatrixInverse, IdentityUnchangedRigidTransposedGeneralScaleAndShiftExact)
               (Rows{{{0.5, 0, 0, -0.5}, {0, 0.25, 0, -0.5}, {0, 0, 0.125, -0.375}, {0, 0, 0, 1}}}));
 }
 
-TEST(MatrixInverse, GeneralMatricesMultiplyBack)
+TEST(MatrixInverse, GeneralMatricesMultiplyBackFollowingThePivotOrderToTheBit)
 {
     // Zeros on the diagonal force pivots off it, so the column unscrambling is exercised.
     const Mat swaps(0, 2, 0, 1, 3, 0, 0, 0, 0, 0, 0, 5, 0.5, 0, 4, 0);
@@ -134,10 +134,6 @@ TEST(MatrixInverse, GeneralMatricesMultiplyBack)
     EXPECT_NEAR(back.x, p.x, 1e-14);
     EXPECT_NEAR(back.y, p.y, 1e-14);
     EXPECT_NEAR(back.z, p.z, 1e-14);
-}
-
-TEST(MatrixInverse, GeneralFollowsPivotOrderToTheBit)
-{
     // Ties between equal magnitudes and the order of the column swaps both change the last bits;
     // the expected values come from a separate run of the same elimination.
     const Mat m(-3, 2, -2, 7, 0, 5, -1, 0, 1, 0, -2, 5, -1, 3, 7, 0);
@@ -146,6 +142,17 @@ TEST(MatrixInverse, GeneralFollowsPivotOrderToTheBit)
                      {-0.006203473945409428, 0.18610421836228286, 0.008684863523573201, 0.027295285359801486},
                      {-0.03101736972704714, -0.0694789081885856, 0.043424317617866005, 0.13647642679900743},
                      {0.03473945409429281, -0.042183622828784115, 0.15136476426799006, 0.04714640198511166}}}));
+    const Mat rotation = Mat::BuildRotate(Vec(1, 2, 3), 0.7);
+    // Rounding leaves the row dot products slightly off zero, so the rotation goes the general way.
+    ASSERT_EQ(rotation.flags(), 0);
+    const Mat turned_back = rotation.Inversed();
+    EXPECT_EQ(turned_back.flags(), 0);
+    expectNearIdentity(product(rotation, turned_back));
+    for (int r = 0; r < 3; ++r) {
+        for (int c = 0; c < 3; ++c) {
+            EXPECT_NEAR(turned_back(r, c), rotation(c, r), 1e-15);
+        }
+    }
 }
 
 TEST(MatrixInverse, SingularThrowsAndInversedLeavesTheSource)
@@ -162,21 +169,6 @@ TEST(MatrixInverse, SingularThrowsAndInversedLeavesTheSource)
     const Rows before = rowsOf(m);
     EXPECT_THROW(m.Inversed(), math::SingularMatrix3DException);
     EXPECT_EQ(rowsOf(m), before);
-}
-
-TEST(MatrixInverse, RigidClassifiedGeneralComesOutGeneral)
-{
-    const Mat rotation = Mat::BuildRotate(Vec(1, 2, 3), 0.7);
-    // Rounding leaves the row dot products slightly off zero, so the rotation goes the general way.
-    ASSERT_EQ(rotation.flags(), 0);
-    const Mat inverse = rotation.Inversed();
-    EXPECT_EQ(inverse.flags(), 0);
-    expectNearIdentity(product(rotation, inverse));
-    for (int r = 0; r < 3; ++r) {
-        for (int c = 0; c < 3; ++c) {
-            EXPECT_NEAR(inverse(r, c), rotation(c, r), 1e-15);
-        }
-    }
 }
 
 TEST(MatrixRotate, RightHandedTurnsAndAZeroAxisScalesByTheCosine)
