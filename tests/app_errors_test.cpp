@@ -76,7 +76,7 @@ TEST_F(Refusals, SettingsScenesCommandLinesAndModules)
 // Fails: a module whose start-up fails, and an "Apply" that stops at a suite the host withholds.
 class Failures : public apptest::ToolTest {};
 
-TEST_F(Failures, FailuresBeforeTheDialogIsUpArePrintedAndWriteNothing)
+TEST_F(Failures, FailuresBeforeTheDialogWriteNothingAndAStoppedApplyIsReportedWithWhatItRefused)
 {
     const std::pair<const char*, std::string> cases[] = {
         {"AEGP Register Suite/1",
@@ -95,10 +95,6 @@ TEST_F(Failures, FailuresBeforeTheDialogIsUpArePrintedAndWriteNothing)
         EXPECT_TRUE(r.out.empty());
         EXPECT_FALSE(std::filesystem::exists(path("after.json")));
     }
-}
-
-TEST_F(Failures, AnApplyTheHostStopsIsReportedWithWhatItRefused)
-{
     json s = cardScene(3);
     s["host"]["withhold"] = {"AEGP Stream Suite/4"};
     const apptest::ToolRun r = run({writeScene("s.json", s), "--out", path("after.json"), "--json-report",

@@ -212,7 +212,7 @@ TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceBackToFrontWithItsNameAndShaded
     EXPECT_EQ(count(svg, "data-face=\"back\""), 1u);
 }
 
-TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbers)
+TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbersAndItsCentreAgainstTheCompositionsFrame)
 {
     const std::string svg = picture(cardsProject(), {{"EDIT_DIM_X", 800.3}, {"EDIT_DIM_Y", 600}}).svg;
     EXPECT_NE(svg.find("data-surface=\"cylinder\" data-centre=\"960 540 0\" data-half-x=\"" +
@@ -223,6 +223,26 @@ TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbers)
     EXPECT_EQ(count(svg, "stroke=\"#8a94a3\" stroke-width=\"1.0\" opacity=\"0.70\""), 2u * 96 + 8);
     EXPECT_NE(svg.find("Given steps: ellipse 800.3 x 1000, centre (960, 540, 0), y from 240 to 840."),
               std::string::npos);
+    const nlohmann::json centred = {{"CHECK_USE_COMP_CENTER", true}};
+    const nlohmann::json corner = {{"CHECK_USE_COMP_CENTER", false}};
+    const std::string a = picture(cardsProject(), centred).svg;
+    const std::string b = picture(cardsProject(), corner).svg;
+    // The composition's centre and the surface's centre are marked by crosses: one place when the
+    // surface sits at the composition's centre, two places when it does not.
+    const std::regex cross("<polyline points=\"([-0-9.]+),([-0-9.]+) [-0-9.]+,([-0-9.]+)\" fill=\"none\" "
+                           "stroke=\"#(aab2bd|8a94a3)\" stroke-width=\"1.2\"");
+    auto centres = [&](const std::string& svg) {
+        std::set<std::pair<double, double>> at;
+        for (auto it = std::sregex_iterator(svg.begin(), svg.end(), cross); it != std::sregex_iterator(); ++it) {
+            if ((*it)[2] == (*it)[3]) {  // the horizontal stroke; its middle is the centre
+                at.insert({std::stod((*it)[1]) + 6, std::stod((*it)[2])});
+            }
+        }
+        return at;
+    };
+    EXPECT_EQ(centres(a).size(), 1u);
+    EXPECT_EQ(centres(b).size(), 2u);
+    EXPECT_NE(b.find("centre (0, 0, 0)"), std::string::npos);
 }
 
 TEST(PreviewPicture, FarLayersAreListedInsteadOfShrinkingThePicture)
@@ -260,30 +280,6 @@ TEST(PreviewPicture, FarLayersAreListedInsteadOfShrinkingThePicture)
     EXPECT_NEAR(0.5 * (left + right), 600, 1);
 }
 
-TEST(PreviewPicture, CentreOffsetShowsAgainstTheCompositionsFrame)
-{
-    const nlohmann::json centred = {{"CHECK_USE_COMP_CENTER", true}};
-    const nlohmann::json corner = {{"CHECK_USE_COMP_CENTER", false}};
-    const std::string a = picture(cardsProject(), centred).svg;
-    const std::string b = picture(cardsProject(), corner).svg;
-    // The composition's centre and the surface's centre are marked by crosses: one place when the
-    // surface sits at the composition's centre, two places when it does not.
-    const std::regex cross("<polyline points=\"([-0-9.]+),([-0-9.]+) [-0-9.]+,([-0-9.]+)\" fill=\"none\" "
-                           "stroke=\"#(aab2bd|8a94a3)\" stroke-width=\"1.2\"");
-    auto centres = [&](const std::string& svg) {
-        std::set<std::pair<double, double>> at;
-        for (auto it = std::sregex_iterator(svg.begin(), svg.end(), cross); it != std::sregex_iterator(); ++it) {
-            if ((*it)[2] == (*it)[3]) {  // the horizontal stroke; its middle is the centre
-                at.insert({std::stod((*it)[1]) + 6, std::stod((*it)[2])});
-            }
-        }
-        return at;
-    };
-    EXPECT_EQ(centres(a).size(), 1u);
-    EXPECT_EQ(centres(b).size(), 2u);
-    EXPECT_NE(b.find("centre (0, 0, 0)"), std::string::npos);
-}
-
 TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed)
 {
     host::Project project = cardsProject();
@@ -297,7 +293,7 @@ TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed)
     expectOnlyFiniteNumbers(p.svg);
 }
 
-TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFace)
+TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFaceAndLayersWithoutASourceAsDashedOutlines)
 {
     host::Project project = cardsProject();
     layerNamed(project, "Turned").prop(host::Prop::orientation).value = {0, 90, 0};  // edge-on to the camera
@@ -309,11 +305,7 @@ TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFace)
     EXPECT_EQ(far.find("<text"), std::string::npos);
     EXPECT_NE(far.find("<title>"), std::string::npos);
     EXPECT_NE(group(svg, "Near").find(">Near</text>"), std::string::npos);
-}
-
-TEST(PreviewPicture, LayersWithoutASourceAreDashedOutlines)
-{
-    host::Project project = cardsProject();
+    // A layer without a source is a dashed outline.
     const host::Id title = project.addLayer(project.comps.front().id, "Title", AEGP_ObjectType_TEXT, true);
     project.layer(title)->prop(host::Prop::scale).value = {20, 20, 100};
     project.select(project.comps.front().id, {title});
@@ -378,7 +370,7 @@ Vec3 corner(const nlohmann::json& corners, int i)
     return {corners[3 * i].get<double>(), corners[3 * i + 1].get<double>(), corners[3 * i + 2].get<double>()};
 }
 
-TEST(PageData, CopiesStartWhereTheirOriginalsStoodAndLayersMoveToTheirPlaces)
+TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndTheScript)
 {
     host::Project before = cardsProject();
     before.comps.front().layers[0].scene_number = 1;
@@ -408,6 +400,17 @@ TEST(PageData, CopiesStartWhereTheirOriginalsStoodAndLayersMoveToTheirPlaces)
     EXPECT_EQ(original["run"], "arranged");
     EXPECT_EQ(made["run"], "moved");
     EXPECT_EQ(data["layers"][2]["run"], "kept");
+    // Names cannot end the page's script or title.
+    before.comps.front().name = "A <b> & </title>";
+    before.comps.front().layers[0].name = "</script><script>alert(1)</script><!--";
+    const std::string page = app::htmlPage(app::pageSceneData(before, before, app::RunOutcome{}));
+    EXPECT_EQ(count(page, "</script>"), 2u);  // the data's and the page script's own
+    EXPECT_EQ(count(page, "<!--"), 0u);
+    EXPECT_NE(page.find("<title>&quot;A &lt;b&gt; &amp; &lt;/title&gt;&quot; in 3D"), std::string::npos);
+    const std::string open = R"(<script type="application/json" id="scene-data">)";
+    const std::size_t from = page.find(open) + open.size();
+    const nlohmann::json embedded = nlohmann::json::parse(page.substr(from, page.find("</script>", from) - from));
+    EXPECT_EQ(embedded["layers"][0]["name"], "</script><script>alert(1)</script><!--");
 }
 
 TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom)
@@ -432,21 +435,6 @@ TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom)
     EXPECT_EQ(standard.name, "");
     expectNear(standard.position, {960, 540, -zoom}, 1e-9);
     expectNear(standard.forward, {0, 0, 1});
-}
-
-TEST(PageData, NamesCannotEndThePagesScriptOrTitle)
-{
-    host::Project project = cardsProject();
-    project.comps.front().name = "A <b> & </title>";
-    project.comps.front().layers[0].name = "</script><script>alert(1)</script><!--";
-    const std::string page = app::htmlPage(app::pageSceneData(project, project, app::RunOutcome{}));
-    EXPECT_EQ(count(page, "</script>"), 2u);  // the data's and the page script's own
-    EXPECT_EQ(count(page, "<!--"), 0u);
-    EXPECT_NE(page.find("<title>&quot;A &lt;b&gt; &amp; &lt;/title&gt;&quot; in 3D"), std::string::npos);
-    const std::string open = R"(<script type="application/json" id="scene-data">)";
-    const std::size_t from = page.find(open) + open.size();
-    const nlohmann::json data = nlohmann::json::parse(page.substr(from, page.find("</script>", from) - from));
-    EXPECT_EQ(data["layers"][0]["name"], "</script><script>alert(1)</script><!--");
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ void expectCentre(const app::Surface& s, double x, double y, double z)
     EXPECT_NEAR(s.centre.z, z, kExact);
 }
 
-TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecision)
+TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecisionAndTheRadiusTheFirstLayersPolygon)
 {
     const double half_x = static_cast<double>(1234.567f * 0.5f);
     const double half_z = static_cast<double>(777.7f * 0.5f);
@@ -73,10 +73,6 @@ TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecision)
             EXPECT_NEAR(o.surface.bottom - o.surface.top, 900, kExact);
         }
     }
-}
-
-TEST_F(RunOutcomes, RadiusSetByFirstIsTheFirstLayersPolygon)
-{
     // Five 200 wide cards: the circle inside a regular pentagon of side 200; the box plays no part.
     const double radius = 100 / std::tan(std::numbers::pi / 5);
     const app::RunOutcome o = outcome(cardScene(7), withSets({"CHECK_RADIUS_BY_FIRST=on", "EDIT_RADIUS_LAYERS=5"}));
