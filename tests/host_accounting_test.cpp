@@ -96,7 +96,7 @@ TEST_F(HostSuites, AcquireAndReleaseCanBeMadeToFail) {
     EXPECT_TRUE(h.allSuitesReleased());
 }
 
-TEST_F(HostSuites, EveryCallOfAFunctionFailsUntilCleared) {
+TEST_F(HostSuites, EveryCallOfAFunctionFailsUntilClearedAndUndisposedHandlesShow) {
     auto* ss = streams();
     AEGP_StreamRefH s = nullptr;
     ss->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_POSITION, &s);
@@ -110,11 +110,8 @@ TEST_F(HostSuites, EveryCallOfAFunctionFailsUntilCleared) {
     EXPECT_EQ(A_Err_NONE, ss->AEGP_SetStreamValue(1, s, &v));
     EXPECT_EQ(h.project().layer(a)->prop(Prop::position).value, (Vec3{1, 2, 3}));
     ss->AEGP_DisposeStream(s);
-}
-
-TEST_F(HostSuites, UndisposedStreamsAndCollectionsShow) {
-    AEGP_StreamRefH s = nullptr;
-    streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_SCALE, &s);
+    // Undisposed streams and collections show.
+    ss->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_SCALE, &s);
     AEGP_CollectionH coll = nullptr;
     collections()->AEGP_NewCollection(1, &coll);
     AEGP_CollectionH selection = nullptr;

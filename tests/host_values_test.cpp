@@ -66,7 +66,7 @@ TEST_F(HostWriting, WithKeysTheKeyAtTheCurrentTimeIsSetOrAdded) {
     streams()->AEGP_DisposeStream(s);
 }
 
-TEST_F(HostWriting, InsertKeyframeHoldsTheValueThereAndReturnsItsIndex) {
+TEST_F(HostWriting, InsertKeyframeHoldsTheValueThereAndBadStreamsAndValuesAreRefused) {
     host::Property& p = h.project().layer(a)->prop(Prop::position);
     p.insertKey(A_Time{0, 30}, Vec3{0, 0, 0});
     p.insertKey(A_Time{20, 30}, Vec3{20, 40, 60});
@@ -85,10 +85,7 @@ TEST_F(HostWriting, InsertKeyframeHoldsTheValueThereAndReturnsItsIndex) {
     EXPECT_EQ(3, n);
     EXPECT_EQ(p.keys[2].value, (Vec3{20, 40, 60}));
     streams()->AEGP_DisposeStream(s);
-}
-
-TEST_F(HostWriting, BadStreamsAndValuesAreRefused) {
-    AEGP_StreamRefH s = nullptr;
+    // Bad streams and values are refused.
     EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_OPACITY, &s));
     EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_POSITION, nullptr));
     EXPECT_EQ(0u, h.openStreams());
@@ -103,7 +100,6 @@ TEST_F(HostWriting, BadStreamsAndValuesAreRefused) {
     // A stream of a layer that is gone.
     h.project().comp(comp)->layers.erase(h.project().comp(comp)->layers.begin());
     EXPECT_EQ(A_Err_PARAMETER, write(s, 1, 2, 3));
-    A_long n = 0;
     EXPECT_EQ(A_Err_PARAMETER, keys()->AEGP_GetStreamNumKFs(s, &n));
     EXPECT_EQ(2u, h.openStreams());
     streams()->AEGP_DisposeStream(s);

@@ -158,7 +158,7 @@ TEST_F(SvgTest, TextTakesTheColourAndFaceOfItsFontStyleAndStaysLegible) {
   EXPECT_EQ("", attribute(textOf(light, "plain").element, "font-weight"));
 }
 
-TEST_F(SvgTest, FieldTextIsClippedToItsFieldAndLabelsShareItsBaseline) {
+TEST_F(SvgTest, FieldTextIsClippedLabelsShareItsBaselineAndGroupBoxesDrawInsideTheirBounds) {
   // Labels 2 px below a field's or a box's top read on the line of the field's text or box's title.
   WindowRef w = makeWindow();
   make(kControlKindStaticText, Rect{38, 22, 50, 30}, "X", miniStyle(), w);
@@ -176,16 +176,12 @@ TEST_F(SvgTest, FieldTextIsClippedToItsFieldAndLabelsShareItsBaseline) {
   EXPECT_EQ(kTitleBar + 37, clip.y);
   EXPECT_EQ(73, clip.width);
   EXPECT_EQ(11, clip.height);
-}
-
-TEST_F(SvgTest, GroupBoxesDrawTheirFramesInsideTheirBoundsAndTitlesAboveTheirLine) {
-  // Bounds that overlap by 2 px, as dialogs lay them out, and a titled box below.
-  WindowRef w = makeWindow();
+  // Group boxes: bounds that overlap by 2 px, as dialogs lay them out, and a titled box below.
   for (Rect r : {Rect{5, 5, 215, 380}, Rect{213, 5, 290, 142}, Rect{213, 140, 290, 380}}) {
     make(kControlKindGroupBox, r, "", miniStyle(), w);
   }
   make(kControlKindGroupBox, Rect{293, 5, 329, 380}, "Insert Keys", miniStyle(), w);
-  std::string svg = platform::windowToSvg(w);
+  svg = platform::windowToSvg(w);
   // The pixels each frame's line covers: half a pixel either side of its rectangle.
   std::vector<Box> drawn;
   for (Box b : frames(svg)) drawn.push_back(Box{b.x - 0.5, b.y - 0.5 - kTitleBar, b.width + 1, b.height + 1});

@@ -108,7 +108,7 @@ TEST_F(WindowTest, TheSystemClosingAWindowSendsClosed) {
   EXPECT_EQ(platform::kDriverNoSuchObject, platform::closeWindow(w).refused);
 }
 
-TEST_F(WindowTest, ShowActivatesAndHideDeactivates) {
+TEST_F(WindowTest, ShowActivatesHideDeactivatesAndBoundsFollowSetWindowBounds) {
   WindowRef first = makeWindow();
   WindowRef second = makeWindow();
   EXPECT_FALSE(IsWindowVisible(first));
@@ -121,9 +121,6 @@ TEST_F(WindowTest, ShowActivatesAndHideDeactivates) {
   HideWindow(second);
   EXPECT_FALSE(IsWindowActive(second));
   EXPECT_EQ(nullptr, platform::activeWindow());
-}
-
-TEST_F(WindowTest, ContentBoundsAndTheRootFollowSetWindowBounds) {
   WindowRef w = makeWindow();
   Rect r{};
   ASSERT_EQ(noErr, GetWindowBounds(w, kWindowContentRgn, &r));

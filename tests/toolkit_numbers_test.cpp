@@ -33,7 +33,7 @@ std::string formatted(ADMItemRef item, float value) {
     return text;
 }
 
-TEST_F(EditNumbers, ValuesAreShownWithoutTrailingZerosWithinTheBuffer) {
+TEST_F(EditNumbers, ValuesAreShownWithoutTrailingZerosInFieldsOnly) {
     EXPECT_EQ("2.5", formatted(edit, 2.5f));
     EXPECT_EQ("3", formatted(edit, 3.0f));
     EXPECT_EQ("0", formatted(edit, 0.0f));
@@ -46,9 +46,6 @@ TEST_F(EditNumbers, ValuesAreShownWithoutTrailingZerosWithinTheBuffer) {
     char text[4];
     EXPECT_TRUE(sADMItem->DefaultFloatToText(edit, 12.5f, text, sizeof text));
     EXPECT_STREQ("12.", text);
-}
-
-TEST_F(EditNumbers, AnItemWithoutAPlatformControlKeepsItsNumberToItself) {
     // A static text is only a label: it has no control to show or read a number in.
     ADMItemRef label = add(dialog, 8, kADMTextStaticType);
     sADMItem->SetText(label, "7");

@@ -25,7 +25,7 @@ TEST_F(PanelDialogs, CreationInAContainerFillsThePanelFunctionsAndTitle) {
     sADMDialog->Destroy(dialog);
 }
 
-TEST_F(PanelDialogs, TheSnapSizeIsTheLastSizeGiven) {
+TEST_F(PanelDialogs, TheSnapSizeIsTheLastSizeGivenAndTheBackgroundTakesTheHostColour) {
     ADMDialogRef dialog = makePanelDialog();
     const IASRect placed{20, 30, 120, 280};
     sADMDialog->SetBoundsRect(dialog, &placed);
@@ -51,10 +51,8 @@ TEST_F(PanelDialogs, TheSnapSizeIsTheLastSizeGiven) {
     EXPECT_EQ(-1, untouched.x);
     EXPECT_EQ(-1, untouchedCount);
     sADMDialog->Destroy(dialog);
-}
-
-TEST_F(PanelDialogs, TheBackgroundTakesTheHostColour) {
-    ADMDialogRef dialog = makePanelDialog();
+    // The background takes the host's colour.
+    dialog = makePanelDialog();
     platform::DrawRecord plain = platform::drawView(panelView);
     EXPECT_EQ(noErr, plain.status);
     EXPECT_TRUE(plain.fills.empty());  // without the host's app suite there is no colour to paint
