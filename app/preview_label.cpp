@@ -1,6 +1,8 @@
 #include "app/preview_label.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace app {
 
@@ -32,7 +34,38 @@ bool inside(const std::vector<Point2>& face, Point2 p)
     return !(any_positive && any_negative);
 }
 
+// The extent of points along an axis.
+std::pair<double, double> extent(const Point2* points, std::size_t n, Point2 axis)
+{
+    double low = 1e300, high = -1e300;
+    for (std::size_t i = 0; i < n; ++i) {
+        const double d = points[i].x * axis.x + points[i].y * axis.y;
+        low = std::min(low, d);
+        high = std::max(high, d);
+    }
+    return {low, high};
+}
+
 }  // namespace
+
+bool covers(const std::vector<Point2>& face, const Label& label)
+{
+    const Point2 box[] = {label.low, {label.high.x, label.low.y}, label.high, {label.low.x, label.high.y}};
+    // Two convex shapes are apart exactly when one of their edges' normals separates them.
+    std::vector<Point2> axes{{1, 0}, {0, 1}};
+    for (std::size_t i = 0; i < face.size(); ++i) {
+        const Point2 a = face[i], b = face[(i + 1) % face.size()];
+        axes.push_back({a.y - b.y, b.x - a.x});
+    }
+    for (const Point2 axis : axes) {
+        const auto [face_low, face_high] = extent(face.data(), face.size(), axis);
+        const auto [box_low, box_high] = extent(box, 4, axis);
+        if (face_high <= box_low || box_high <= face_low) {
+            return false;
+        }
+    }
+    return true;
+}
 
 std::optional<Label> fitLabel(const std::vector<Point2>& face, Point2 centre, std::string_view name)
 {
@@ -54,7 +87,7 @@ std::optional<Label> fitLabel(const std::vector<Point2>& face, Point2 centre, st
         }
         if (fits) {
             // Capitals stand about 0.7 of the size above the baseline: this centres them.
-            return Label{{centre.x, centre.y + 0.35 * size}, size};
+            return Label{{centre.x, centre.y + 0.35 * size}, size, corners[0], corners[2]};
         }
     }
     return std::nullopt;

@@ -17,9 +17,13 @@ constexpr double kLargestLabel = 15;
 struct Label {
     Point2 baseline;  // where the text's middle baseline goes
     double size = 0;
+    Point2 low, high;  // the box the letters take, with a little room around them
 };
 
 // `face` is the outline as drawn (convex, either winding); `centre` the layer's centre on it.
 std::optional<Label> fitLabel(const std::vector<Point2>& face, Point2 centre, std::string_view name);
+
+// Whether a convex outline (either winding) and the label's box share any point.
+bool covers(const std::vector<Point2>& face, const Label& label);
 
 }  // namespace app

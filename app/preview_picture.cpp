@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <numbers>
+#include <optional>
 #include <set>
 
 namespace app {
@@ -180,22 +181,81 @@ void drawReference(SvgWriter& svg, const View& view, const Area& area, const hos
     svg.endGroup();
 }
 
-void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const View& view)
-{
-    const bool front = dot(layer.normal, view.camera().eye - layer.centre) > 0;
+// A layer as drawn: its outline on the picture, the side it shows, and its name where it fits.
+struct Face {
     std::vector<Point2> corners;
+    bool front = false;
+    std::optional<Label> label;
+};
+
+Face faceOf(const PlacedLayer& layer, const View& view)
+{
+    Face face;
+    face.front = dot(layer.normal, view.camera().eye - layer.centre) > 0;
     for (const Vec3& c : layer.corners) {
-        corners.push_back(view(c));
+        face.corners.push_back(view(c));
     }
+    face.label = fitLabel(face.corners, view(layer.centre), layer.name);
+    return face;
+}
+
+// A name partly hidden by a nearer face would read as another name ("Card 1" of "Card 12"), so a
+// label that any face painted after it touches is left out; the name stays on hover. Faces are
+// filed in a grid of the picture so that a label meets only the faces near it.
+void hideCoveredLabels(std::vector<Face>& faces, const std::vector<Item>& items)
+{
+    constexpr double kCell = 40;
+    constexpr int kColumns = static_cast<int>(kWidth / kCell) + 1, kRows = static_cast<int>(kHeight / kCell) + 1;
+    auto cells = [](Point2 low, Point2 high, auto&& visit) {
+        const int c0 = std::clamp(static_cast<int>(low.x / kCell), 0, kColumns - 1);
+        const int c1 = std::clamp(static_cast<int>(high.x / kCell), 0, kColumns - 1);
+        const int r0 = std::clamp(static_cast<int>(low.y / kCell), 0, kRows - 1);
+        const int r1 = std::clamp(static_cast<int>(high.y / kCell), 0, kRows - 1);
+        for (int r = r0; r <= r1; ++r) {
+            for (int c = c0; c <= c1; ++c) {
+                visit(r * kColumns + c);
+            }
+        }
+    };
+    std::vector<std::vector<std::size_t>> grid(static_cast<std::size_t>(kColumns * kRows));
+    for (std::size_t i = 0; i < faces.size(); ++i) {
+        if (items[i].layer == nullptr || !items[i].layer->has_source) {
+            continue;  // outlines without a fill hide nothing
+        }
+        Point2 low{1e300, 1e300}, high{-1e300, -1e300};
+        for (const Point2& p : faces[i].corners) {
+            low = {std::min(low.x, p.x), std::min(low.y, p.y)};
+            high = {std::max(high.x, p.x), std::max(high.y, p.y)};
+        }
+        cells(low, high, [&](int cell) { grid[static_cast<std::size_t>(cell)].push_back(i); });
+    }
+    for (std::size_t i = 0; i < faces.size(); ++i) {
+        if (!faces[i].label) {
+            continue;
+        }
+        bool covered = false;
+        cells(faces[i].label->low, faces[i].label->high, [&](int cell) {
+            for (const std::size_t j : grid[static_cast<std::size_t>(cell)]) {
+                covered = covered || (j > i && covers(faces[j].corners, *faces[i].label));
+            }
+        });
+        if (covered) {
+            faces[i].label.reset();
+        }
+    }
+}
+
+void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const Face& face)
+{
     svg.beginGroup(layer.name);
     svg.title(layer.name);
-    const char* face = front ? "front" : "back";
-    svg.polygon(corners, !layer.has_source ? kNoSource : front ? kFront : kBack, face);
-    if (const auto label = fitLabel(corners, view(layer.centre), layer.name)) {
+    svg.polygon(face.corners, !layer.has_source ? kNoSource : face.front ? kFront : kBack,
+                face.front ? "front" : "back");
+    if (const auto& label = face.label) {
         if (!layer.has_source) {
             svg.text(label->baseline, layer.name, TextStyle{label->size, "#17324f", "middle", "#f6f7f9"});
         } else {
-            svg.text(label->baseline, layer.name, label->size, front ? "#0f2740" : "#e3ebf3");
+            svg.text(label->baseline, layer.name, label->size, face.front ? "#0f2740" : "#e3ebf3");
         }
     }
     svg.endGroup();
@@ -278,11 +338,19 @@ Preview drawPreview(const host::Project& project, const RunOutcome& outcome)
         svg.endGroup();
     }
     drawReference(svg, view, area, *comp);
+    std::vector<Face> faces(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (items[i].layer != nullptr) {
+            faces[i] = faceOf(*items[i].layer, view);
+        }
+    }
+    hideCoveredLabels(faces, items);
     // Lines stay inside the scene's area, clear of the caption.
     const Area& bounds = area;
-    for (const Item& item : items) {
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const Item& item = items[i];
         if (item.layer != nullptr) {
-            drawLayer(svg, *item.layer, view);
+            drawLayer(svg, *item.layer, faces[i]);
         } else {
             drawSegment(svg, view, bounds, item.a, item.b, kOutline);
         }

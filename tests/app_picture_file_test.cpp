@@ -7,7 +7,6 @@
 #include <cairo.h>
 
 #include <cmath>
-#include <numbers>
 #include <regex>
 
 namespace {
@@ -52,7 +51,7 @@ Decoded decodePng(const std::string& png)
     return d;
 }
 
-TEST(PictureFile, PngIsTheSvgRenderedAtItsSize)
+TEST(PictureFile, PngIsTheSvgRenderedAtItsSizeAndTheEndingChoosesTheFormat)
 {
     const std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"30\">"
                             "<rect width=\"40\" height=\"30\" fill=\"#f6f7f9\"/>"
@@ -67,10 +66,6 @@ TEST(PictureFile, PngIsTheSvgRenderedAtItsSize)
     EXPECT_EQ(d.at(35, 25), 0xFFF6F7F9u);
     EXPECT_EQ(app::pictureBytes(svg, app::PictureFormat::svg), svg);
     EXPECT_THROW(app::renderPng("<svg"), std::exception);
-}
-
-TEST(PictureFile, FormatFromTheEnding)
-{
     EXPECT_EQ(app::pictureFormat("a/p.svg"), app::PictureFormat::svg);
     EXPECT_EQ(app::pictureFormat("P.PNG"), app::PictureFormat::png);
     EXPECT_FALSE(app::pictureFormat("p.png.txt"));
@@ -81,7 +76,7 @@ TEST(PictureFile, FormatFromTheEnding)
 
 class PictureFiles : public apptest::ToolTest {};
 
-TEST_F(PictureFiles, ToolWritesPngsThatDecodeToThePicturesSize)
+TEST_F(PictureFiles, ToolWritesPngsOfThePicturesSizeAndRefusesOtherEndings)
 {
     const apptest::ToolRun r = run({"--preview", path("p.png"), "--dialog", path("d.png"), "--preview", path("p.png")});
     // One --preview only; then the real run.
@@ -105,15 +100,12 @@ TEST_F(PictureFiles, ToolWritesPngsThatDecodeToThePicturesSize)
     const Decoded dialog = decodePng(apptest::readFile(path("d.png")));
     EXPECT_EQ(dialog.width, std::stoi(size[1]));
     EXPECT_EQ(dialog.height, std::stoi(size[2]));
-}
-
-TEST_F(PictureFiles, OtherEndingsAreRefusedAndNothingIsWritten)
-{
-    const apptest::ToolRun r = run({"--out", path("o.json"), "--preview", path("p.jpg")});
-    EXPECT_EQ(r.status, 2);
-    EXPECT_NE(r.err.find("--preview " + path("p.jpg") + ": the picture's file name must end in .svg or .png"),
+    // Other endings are refused before anything is written.
+    const apptest::ToolRun jpg = run({"--out", path("o.json"), "--preview", path("p.jpg")});
+    EXPECT_EQ(jpg.status, 2);
+    EXPECT_NE(jpg.err.find("--preview " + path("p.jpg") + ": the picture's file name must end in .svg or .png"),
               std::string::npos)
-        << r.err;
+        << jpg.err;
     EXPECT_FALSE(std::filesystem::exists(path("o.json")));
     EXPECT_FALSE(std::filesystem::exists(path("p.jpg")));
     EXPECT_EQ(run({"--dialog", path("d")}).status, 2);
@@ -158,21 +150,6 @@ TEST_F(PictureFiles, NoPictureHoldsANumberThatIsNotFinite)
         EXPECT_FALSE(std::regex_search(svg, numeric)) << testing::PrintToString(args);
         EXPECT_NE(svg.find("<polygon"), std::string::npos) << testing::PrintToString(args);
     }
-}
-
-TEST_F(PictureFiles, OutlineInThePictureIsTheRadiusTheFirstLayerSet)
-{
-    ASSERT_EQ(run({writeScene("s.json", cardScene(7)), "--set", "CHECK_RADIUS_BY_FIRST=on", "--set",
-                   "EDIT_RADIUS_LAYERS=5", "--preview", path("p.svg")})
-                  .status,
-              0);
-    const std::string svg = apptest::readFile(path("p.svg"));
-    std::smatch m;
-    ASSERT_TRUE(std::regex_search(svg, m, std::regex("data-half-x=\"([^\"]+)\" data-half-z=\"([^\"]+)\"")));
-    const double radius = 100 / std::tan(std::numbers::pi / 5);
-    EXPECT_NEAR(std::stod(m[1]), radius, 1e-9);
-    EXPECT_NEAR(std::stod(m[2]), radius, 1e-9);
-    EXPECT_NE(svg.find("Radius Set by First: circle of radius 137.6"), std::string::npos);
 }
 
 }  // namespace

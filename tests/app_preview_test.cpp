@@ -31,32 +31,21 @@ void expectNear(const Vec3& actual, const Vec3& expected, double tolerance = kTi
     EXPECT_NEAR(actual.z, expected.z, tolerance);
 }
 
-TEST(LayerTurn, EachAxisTurnsRightHandedInTheHostFrame)
+TEST(LayerTurn, RightHandedXThenYThenZOrientationBeforeRotations)
 {
     expectNear(app::turnXYZ({0, 1, 0}, {90, 0, 0}), {0, 0, 1});
     expectNear(app::turnXYZ({0, 0, 1}, {0, 90, 0}), {1, 0, 0});
     expectNear(app::turnXYZ({1, 0, 0}, {0, 0, 90}), {0, 1, 0});
     expectNear(app::turnXYZ({1, 2, 3}, {0, 0, 0}), {1, 2, 3});
-}
-
-TEST(LayerTurn, XTurnsFirstThenYThenZ)
-{
     // X first takes (0, 1, 0) to +Z, which Y then takes to +X; Y first would leave it on the axis.
     expectNear(app::turnXYZ({0, 1, 0}, {90, 90, 0}), {1, 0, 0});
     // X leaves (1, 0, 0) alone, Y takes it to -Z, Z leaves that; Z first would end at +Z.
     expectNear(app::turnXYZ({1, 0, 0}, {90, 90, 90}), {0, 0, -1});
-}
-
-TEST(LayerTurn, OrientationTurnsBeforeTheRotations)
-{
     // Orientation X 90 tips the face normal to +Y (down); Rotation Z 90 then takes +Y to -X.
     expectNear(app::faceNormal({90, 0, 0}, {0, 0, 90}), {-1, 0, 0});
     // The other way round the Z turn acts on (0, 0, -1) first, which it leaves alone.
     expectNear(app::turnLayerPoint({0, 0, -1}, {0, 0, 90}, {90, 0, 0}), {0, 1, 0});
-}
-
-TEST(LayerTurn, UnturnedLayerFacesTheViewer)
-{
+    // Unturned, a layer faces the viewer.
     expectNear(app::faceNormal({0, 0, 0}, {0, 0, 0}), {0, 0, -1});
 }
 
@@ -81,7 +70,7 @@ TEST(LayerTurn, OrientationNumbersOfTheCylinderFaceOutward)
     expectNear(app::faceNormal({-0.0, 180, -0.0}, {}), outward(180));
 }
 
-TEST(PlacedRectangle, AnchorAtTheCentreScaledAndMoved)
+TEST(PlacedRectangle, AnchorAtTheCentreScaledMovedAndTurned)
 {
     const app::PlacedLayer p = app::placeRectangle(400, 300, {960, 540, 0}, {50, 200, 100}, {}, {});
     expectNear(p.corners[0], {860, 240, 0});
@@ -90,13 +79,9 @@ TEST(PlacedRectangle, AnchorAtTheCentreScaledAndMoved)
     expectNear(p.corners[3], {860, 840, 0});
     expectNear(p.centre, {960, 540, 0});
     expectNear(p.normal, {0, 0, -1});
-}
-
-TEST(PlacedRectangle, TurnedLayerStandsAlongTheNormal)
-{
-    const app::PlacedLayer p = app::placeRectangle(200, 100, {0, 0, 500}, {100, 100, 100}, {0, -90, 0}, {});
-    expectNear(p.normal, {1, 0, 0});
-    for (const Vec3& corner : p.corners) {
+    const app::PlacedLayer turned = app::placeRectangle(200, 100, {0, 0, 500}, {100, 100, 100}, {0, -90, 0}, {});
+    expectNear(turned.normal, {1, 0, 0});
+    for (const Vec3& corner : turned.corners) {
         EXPECT_NEAR(corner.x, 0, kTight);
         EXPECT_NEAR(std::fabs(corner.z - 500), 100, kTight);
         EXPECT_NEAR(std::fabs(corner.y), 50, kTight);
@@ -115,29 +100,25 @@ TEST(PlacedRectangle, NormalFromTheCornersMatchesTheTurnedFaceNormal)
     }
 }
 
-TEST(PreviewCamera, ProjectsOntoThePlaneAtDistanceOne)
+TEST(PreviewCamera, ProjectsOntoThePlaneAtDistanceOneAndARaisedCameraLooksDownOnTheCentre)
 {
     const app::Camera camera = app::cameraLookingAt({0, 0, -10}, {0, 0, 0});
     const app::Projected q = app::project(camera, {1, 2, 0});
     EXPECT_NEAR(q.x, 0.1, kTight);
     EXPECT_NEAR(q.y, 0.2, kTight);
     EXPECT_NEAR(q.depth, 10, kTight);
-}
-
-TEST(PreviewCamera, RaisedCameraLooksDownOnTheCentre)
-{
-    const app::Camera camera = app::raisedCamera({960, 540, 0}, 1000, 30);
-    EXPECT_LT(camera.eye.y, 540);  // above: Y points down
-    EXPECT_LT(camera.eye.z, 0);    // on the viewer's side
-    EXPECT_NEAR(app::length(camera.eye - Vec3{960, 540, 0}), 2600, 1e-9);
-    const app::Projected centre = app::project(camera, {960, 540, 0});
+    const app::Camera raised = app::raisedCamera({960, 540, 0}, 1000, 30);
+    EXPECT_LT(raised.eye.y, 540);  // above: Y points down
+    EXPECT_LT(raised.eye.z, 0);    // on the viewer's side
+    EXPECT_NEAR(app::length(raised.eye - Vec3{960, 540, 0}), 2600, 1e-9);
+    const app::Projected centre = app::project(raised, {960, 540, 0});
     EXPECT_NEAR(centre.x, 0, kTight);
     EXPECT_NEAR(centre.y, 0, kTight);
     // Seen from above, the cylinder's near rim lies lower in the picture than its far rim.
-    EXPECT_GT(app::project(camera, {960, 540, -500}).y, app::project(camera, {960, 540, 500}).y);
+    EXPECT_GT(app::project(raised, {960, 540, -500}).y, app::project(raised, {960, 540, 500}).y);
     // Right stays right, up stays up.
-    EXPECT_GT(app::project(camera, {1460, 540, 0}).x, 0);
-    EXPECT_LT(app::project(camera, {960, 40, 0}).y, 0);
+    EXPECT_GT(app::project(raised, {1460, 540, 0}).x, 0);
+    EXPECT_LT(app::project(raised, {960, 40, 0}).y, 0);
 }
 
 host::Project cardsProject()
@@ -216,7 +197,7 @@ void expectOnlyFiniteNumbers(const std::string& svg)
     EXPECT_FALSE(std::regex_search(svg, numeric));
 }
 
-TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceWithItsNameOnHover)
+TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceBackToFrontWithItsNameAndShadedBackFaces)
 {
     const std::string svg = picture(cardsProject()).svg;
     EXPECT_EQ(count(svg, "<polygon"), 3u);
@@ -225,18 +206,13 @@ TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceWithItsNameOnHover)
     EXPECT_EQ(count(svg, ">Turned</text>"), 1u);
     EXPECT_EQ(count(svg, "Camera"), 0u);
     EXPECT_EQ(count(svg, "Flat"), 0u);
-}
-
-TEST(PreviewPicture, PaintsBackToFrontAndShadesBackFaces)
-{
-    const std::string svg = picture(cardsProject()).svg;
     EXPECT_LT(svg.find("data-layer=\"Far\""), svg.find("data-layer=\"Near\""));
     EXPECT_NE(group(svg, "Turned").find("data-face=\"back\""), std::string::npos);
     EXPECT_EQ(count(svg, "data-face=\"front\""), 2u);
     EXPECT_EQ(count(svg, "data-face=\"back\""), 1u);
 }
 
-TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbers)
+TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbersAndItsCentreAgainstTheCompositionsFrame)
 {
     const std::string svg = picture(cardsProject(), {{"EDIT_DIM_X", 800.3}, {"EDIT_DIM_Y", 600}}).svg;
     EXPECT_NE(svg.find("data-surface=\"cylinder\" data-centre=\"960 540 0\" data-half-x=\"" +
@@ -247,6 +223,26 @@ TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbers)
     EXPECT_EQ(count(svg, "stroke=\"#8a94a3\" stroke-width=\"1.0\" opacity=\"0.70\""), 2u * 96 + 8);
     EXPECT_NE(svg.find("Given steps: ellipse 800.3 x 1000, centre (960, 540, 0), y from 240 to 840."),
               std::string::npos);
+    const nlohmann::json centred = {{"CHECK_USE_COMP_CENTER", true}};
+    const nlohmann::json corner = {{"CHECK_USE_COMP_CENTER", false}};
+    const std::string a = picture(cardsProject(), centred).svg;
+    const std::string b = picture(cardsProject(), corner).svg;
+    // The composition's centre and the surface's centre are marked by crosses: one place when the
+    // surface sits at the composition's centre, two places when it does not.
+    const std::regex cross("<polyline points=\"([-0-9.]+),([-0-9.]+) [-0-9.]+,([-0-9.]+)\" fill=\"none\" "
+                           "stroke=\"#(aab2bd|8a94a3)\" stroke-width=\"1.2\"");
+    auto centres = [&](const std::string& svg) {
+        std::set<std::pair<double, double>> at;
+        for (auto it = std::sregex_iterator(svg.begin(), svg.end(), cross); it != std::sregex_iterator(); ++it) {
+            if ((*it)[2] == (*it)[3]) {  // the horizontal stroke; its middle is the centre
+                at.insert({std::stod((*it)[1]) + 6, std::stod((*it)[2])});
+            }
+        }
+        return at;
+    };
+    EXPECT_EQ(centres(a).size(), 1u);
+    EXPECT_EQ(centres(b).size(), 2u);
+    EXPECT_NE(b.find("centre (0, 0, 0)"), std::string::npos);
 }
 
 TEST(PreviewPicture, FarLayersAreListedInsteadOfShrinkingThePicture)
@@ -284,30 +280,6 @@ TEST(PreviewPicture, FarLayersAreListedInsteadOfShrinkingThePicture)
     EXPECT_NEAR(0.5 * (left + right), 600, 1);
 }
 
-TEST(PreviewPicture, CentreOffsetShowsAgainstTheCompositionsFrame)
-{
-    const nlohmann::json centred = {{"CHECK_USE_COMP_CENTER", true}};
-    const nlohmann::json corner = {{"CHECK_USE_COMP_CENTER", false}};
-    const std::string a = picture(cardsProject(), centred).svg;
-    const std::string b = picture(cardsProject(), corner).svg;
-    // The composition's centre and the surface's centre are marked by crosses: one place when the
-    // surface sits at the composition's centre, two places when it does not.
-    const std::regex cross("<polyline points=\"([-0-9.]+),([-0-9.]+) [-0-9.]+,([-0-9.]+)\" fill=\"none\" "
-                           "stroke=\"#(aab2bd|8a94a3)\" stroke-width=\"1.2\"");
-    auto centres = [&](const std::string& svg) {
-        std::set<std::pair<double, double>> at;
-        for (auto it = std::sregex_iterator(svg.begin(), svg.end(), cross); it != std::sregex_iterator(); ++it) {
-            if ((*it)[2] == (*it)[3]) {  // the horizontal stroke; its middle is the centre
-                at.insert({std::stod((*it)[1]) + 6, std::stod((*it)[2])});
-            }
-        }
-        return at;
-    };
-    EXPECT_EQ(centres(a).size(), 1u);
-    EXPECT_EQ(centres(b).size(), 2u);
-    EXPECT_NE(b.find("centre (0, 0, 0)"), std::string::npos);
-}
-
 TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed)
 {
     host::Project project = cardsProject();
@@ -321,7 +293,7 @@ TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed)
     expectOnlyFiniteNumbers(p.svg);
 }
 
-TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFace)
+TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFaceAndLayersWithoutASourceAsDashedOutlines)
 {
     host::Project project = cardsProject();
     layerNamed(project, "Turned").prop(host::Prop::orientation).value = {0, 90, 0};  // edge-on to the camera
@@ -333,11 +305,7 @@ TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFace)
     EXPECT_EQ(far.find("<text"), std::string::npos);
     EXPECT_NE(far.find("<title>"), std::string::npos);
     EXPECT_NE(group(svg, "Near").find(">Near</text>"), std::string::npos);
-}
-
-TEST(PreviewPicture, LayersWithoutASourceAreDashedOutlines)
-{
-    host::Project project = cardsProject();
+    // A layer without a source is a dashed outline.
     const host::Id title = project.addLayer(project.comps.front().id, "Title", AEGP_ObjectType_TEXT, true);
     project.layer(title)->prop(host::Prop::scale).value = {20, 20, 100};
     project.select(project.comps.front().id, {title});
@@ -345,6 +313,17 @@ TEST(PreviewPicture, LayersWithoutASourceAreDashedOutlines)
     EXPECT_NE(t.find("fill=\"none\" stroke=\"#24496f\" stroke-width=\"1.2\" opacity=\"0.90\" stroke-dasharray=\"5 3\""),
               std::string::npos);
     EXPECT_NE(t.find(">Title</text>"), std::string::npos);
+}
+
+TEST(PreviewPicture, ANameANearerFaceCoversIsLeftOut)
+{
+    // Far's name, half hidden, would read as another name; moved clear of it, it is drawn.
+    host::Project project = cardsProject();
+    layerNamed(project, "Near").prop(host::Prop::position).value = {1200, 300, -400};
+    EXPECT_EQ(group(picture(project).svg, "Far").find("<text"), std::string::npos);
+    EXPECT_NE(group(picture(project).svg, "Near").find(">Near</text>"), std::string::npos);
+    layerNamed(project, "Near").prop(host::Prop::position).value = {1600, 300, -400};
+    EXPECT_NE(group(picture(project).svg, "Far").find(">Far</text>"), std::string::npos);
 }
 
 TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled)
@@ -371,7 +350,7 @@ TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled)
     EXPECT_LT(p.svg.size(), 300u * kLayers);
 }
 
-TEST(PreviewScene, CylinderFromTheSettingsAsThePluginReadsThem)
+TEST(PreviewScene, CylinderFromTheSettingsAndLayerSizesAsThePluginReadsThem)
 {
     host::Comp comp;
     comp.width = 1920;
@@ -389,16 +368,12 @@ TEST(PreviewScene, CylinderFromTheSettingsAsThePluginReadsThem)
     expectNear(moved.centre, {100, -200, -300});
     EXPECT_NEAR(moved.half_x, 0.05, 1e-8);  // clamped to the field's minimum, 0.1
     EXPECT_EQ(moved.height, 1e7);
-}
-
-TEST(PreviewScene, LayerSizeFromSourceOrComposition)
-{
     host::Project project = cardsProject();
-    const host::Comp& comp = project.comps.front();
-    EXPECT_EQ(app::layerSize(project, comp, comp.layers[0]), (std::array<double, 2>{400, 300}));
+    const host::Comp& main = project.comps.front();
+    EXPECT_EQ(app::layerSize(project, main, main.layers[0]), (std::array<double, 2>{400, 300}));
     host::Layer text;
     text.type = AEGP_ObjectType_TEXT;
-    EXPECT_EQ(app::layerSize(project, comp, text), (std::array<double, 2>{1920, 1080}));
+    EXPECT_EQ(app::layerSize(project, main, text), (std::array<double, 2>{1920, 1080}));
 }
 
 Vec3 corner(const nlohmann::json& corners, int i)
@@ -406,7 +381,7 @@ Vec3 corner(const nlohmann::json& corners, int i)
     return {corners[3 * i].get<double>(), corners[3 * i + 1].get<double>(), corners[3 * i + 2].get<double>()};
 }
 
-TEST(PageData, CopiesStartWhereTheirOriginalsStoodAndLayersMoveToTheirPlaces)
+TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndTheScript)
 {
     host::Project before = cardsProject();
     before.comps.front().layers[0].scene_number = 1;
@@ -436,6 +411,17 @@ TEST(PageData, CopiesStartWhereTheirOriginalsStoodAndLayersMoveToTheirPlaces)
     EXPECT_EQ(original["run"], "arranged");
     EXPECT_EQ(made["run"], "moved");
     EXPECT_EQ(data["layers"][2]["run"], "kept");
+    // Names cannot end the page's script or title.
+    before.comps.front().name = "A <b> & </title>";
+    before.comps.front().layers[0].name = "</script><script>alert(1)</script><!--";
+    const std::string page = app::htmlPage(app::pageSceneData(before, before, app::RunOutcome{}));
+    EXPECT_EQ(count(page, "</script>"), 2u);  // the data's and the page script's own
+    EXPECT_EQ(count(page, "<!--"), 0u);
+    EXPECT_NE(page.find("<title>&quot;A &lt;b&gt; &amp; &lt;/title&gt;&quot; in 3D"), std::string::npos);
+    const std::string open = R"(<script type="application/json" id="scene-data">)";
+    const std::size_t from = page.find(open) + open.size();
+    const nlohmann::json embedded = nlohmann::json::parse(page.substr(from, page.find("</script>", from) - from));
+    EXPECT_EQ(embedded["layers"][0]["name"], "</script><script>alert(1)</script><!--");
 }
 
 TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom)
@@ -460,21 +446,6 @@ TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom)
     EXPECT_EQ(standard.name, "");
     expectNear(standard.position, {960, 540, -zoom}, 1e-9);
     expectNear(standard.forward, {0, 0, 1});
-}
-
-TEST(PageData, NamesCannotEndThePagesScriptOrTitle)
-{
-    host::Project project = cardsProject();
-    project.comps.front().name = "A <b> & </title>";
-    project.comps.front().layers[0].name = "</script><script>alert(1)</script><!--";
-    const std::string page = app::htmlPage(app::pageSceneData(project, project, app::RunOutcome{}));
-    EXPECT_EQ(count(page, "</script>"), 2u);  // the data's and the page script's own
-    EXPECT_EQ(count(page, "<!--"), 0u);
-    EXPECT_NE(page.find("<title>&quot;A &lt;b&gt; &amp; &lt;/title&gt;&quot; in 3D"), std::string::npos);
-    const std::string open = R"(<script type="application/json" id="scene-data">)";
-    const std::size_t from = page.find(open) + open.size();
-    const nlohmann::json data = nlohmann::json::parse(page.substr(from, page.find("</script>", from) - from));
-    EXPECT_EQ(data["layers"][0]["name"], "</script><script>alert(1)</script><!--");
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ protected:
     using Lines = std::vector<std::string>;
 };
 
-TEST_F(Report, ValuesTheFieldReadsOtherwise)
+TEST_F(Report, ValuesTheFieldReadsOtherwiseAndSettingsTheDialogGreysOut)
 {
     EXPECT_EQ(warnings(cardScene(2), {"EDIT_DIM_X=-100"}), Lines{"EDIT_DIM_X: typed -100, the field reads 0.1"});
     EXPECT_EQ(warnings(cardScene(2), {"CHECK_REPEAT_LAYERS=on", "EDIT_REPEAT_COUNT=2.5"}),
@@ -52,10 +52,6 @@ TEST_F(Report, ValuesTheFieldReadsOtherwise)
                      "were cut to what fits)"}));
     // Held in single precision like the field, 0.1 is read as typed.
     EXPECT_EQ(warnings(cardScene(2), {"EDIT_DIM_Y=0.1", "EDIT_DIM_X= 1e3 "}), Lines{});
-}
-
-TEST_F(Report, SettingsTheDialogGreysOut)
-{
     EXPECT_EQ(warnings(cardScene(2), {"CHECK_CREATE_RING=on"}),
               Lines{"CHECK_CREATE_RING: set on, but the dialog greys it out: it acts only with RADIO_EQUATOR_ONLY on "
                     "and CHECK_RADIUS_BY_FIRST off (or overruled by CHECK_DISTRIBUTE_EVENLY)"});
@@ -75,7 +71,7 @@ TEST_F(Report, SettingsTheDialogGreysOut)
               Lines{});
 }
 
-TEST_F(Report, RepeatsTheHostMadeOtherwiseOrCut)
+TEST_F(Report, RepeatsTheHostMadeOtherwiseOrCutAndLayersThePreviewCannotDraw)
 {
     const Lines sequentially{
         "CHECK_REPEAT_SEQUENTIALLY: on, but the host made the copies with AEGP_DuplicateLayer (AEGP Layer Suite/10), "
@@ -89,10 +85,6 @@ TEST_F(Report, RepeatsTheHostMadeOtherwiseOrCut)
     EXPECT_EQ(warnings(cardScene(4), {"CHECK_REPEAT_LAYERS=on", "EDIT_REPEAT_COUNT=10000"}),
               Lines{"EDIT_REPEAT_COUNT: 10000 repeats of 4 layers ask for 40000 copies; 324 were made (the repeats "
                     "were cut to what fits)"});
-}
-
-TEST_F(Report, LayersThePreviewCannotDrawAreNamed)
-{
     json scene = cardScene(2);
     scene["layers"][1]["scale"] = {1e300, 1e300, 100};
     EXPECT_EQ(warnings(scene, {}, {"--preview", path("p.svg")}),
@@ -101,7 +93,7 @@ TEST_F(Report, LayersThePreviewCannotDrawAreNamed)
     EXPECT_EQ(warnings(scene, {}), Lines{});  // without a picture nothing is left out
 }
 
-TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReach)
+TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
 {
     // Four places a row, three rows: the thirteenth layer finds none.
     const apptest::ToolRun r = run({writeScene("s.json", cardScene(13)), "--set", "EDIT_MIN_LONGITUDE=90", "--set",
@@ -125,10 +117,6 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReach)
     EXPECT_EQ(report["not_reached"], json::parse(R"([{"layer": 13, "name": "Card 13"}])"));
     EXPECT_EQ(report["arranged"], 12);
     EXPECT_EQ(report["status"], 0);
-}
-
-TEST_F(Report, NotAppliedUndoneAndQuiet)
-{
     const std::string scene = writeScene("s.json", cardScene(3));
     EXPECT_NE(run({scene, "--no-apply"}).out.find(
                   "  arranged:     nothing: \"Apply\" was not pressed (3 selected layers, no copies made)\n"),

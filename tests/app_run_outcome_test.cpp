@@ -50,7 +50,7 @@ void expectCentre(const app::Surface& s, double x, double y, double z)
     EXPECT_NEAR(s.centre.z, z, kExact);
 }
 
-TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecision)
+TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecisionAndTheRadiusTheFirstLayersPolygon)
 {
     const double half_x = static_cast<double>(1234.567f * 0.5f);
     const double half_z = static_cast<double>(777.7f * 0.5f);
@@ -73,10 +73,6 @@ TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecision)
             EXPECT_NEAR(o.surface.bottom - o.surface.top, 900, kExact);
         }
     }
-}
-
-TEST_F(RunOutcomes, RadiusSetByFirstIsTheFirstLayersPolygon)
-{
     // Five 200 wide cards: the circle inside a regular pentagon of side 200; the box plays no part.
     const double radius = 100 / std::tan(std::numbers::pi / 5);
     const app::RunOutcome o = outcome(cardScene(7), withSets({"CHECK_RADIUS_BY_FIRST=on", "EDIT_RADIUS_LAYERS=5"}));
@@ -162,43 +158,7 @@ TEST_F(RunOutcomes, RingIsTheEllipseOfThePluginsFirstPanelAtEachBeginSide)
     }
 }
 
-TEST_F(RunOutcomes, RingThroughTheModuleFromTheFrontAndTheBack)
-{
-    // From the dialog only Front and Back can be had: one of the two is always on, and they are
-    // tested before Left and Right.
-    json scene = cardScene(5, 200, 150);
-    scene["layers"][2]["source"]["width"] = 333;
-    for (const char* begin : {"RADIO_BEGIN_FRONT=on", "RADIO_BEGIN_BACK=on"}) {
-        const app::RunOutcome o = outcome(
-            scene, withSets({"RADIO_EQUATOR_ONLY=on", "CHECK_CREATE_RING=on", "EDIT_DIM_X=1500", "EDIT_DIM_Z=700", begin}));
-        ASSERT_TRUE(o.surface.known) << begin;
-        const bool back = std::string(begin) == "RADIO_BEGIN_BACK=on";
-        const auto [core, first] = coreRing({{"EDIT_DIM_X", 1500}, {"EDIT_DIM_Z", 700},
-                                             {"RADIO_BEGIN_FRONT", !back}, {"RADIO_BEGIN_BACK", back},
-                                             {"RADIO_WHOLE_CYLINDER", false}, {"RADIO_EQUATOR_ONLY", true},
-                                             {"CHECK_CREATE_RING", true}});
-        EXPECT_NEAR(o.surface.half_z, std::fabs(first.z), kExact) << begin;
-        EXPECT_NEAR(o.surface.half_x, core.surface.half_x, kExact) << begin;
-    }
-}
-
-TEST_F(RunOutcomes, LayersTheLayoutDidNotReachAreNamed)
-{
-    // Four places a row, three rows: the thirteenth card keeps its place, moved by the comp centre.
-    const app::RunOutcome o = outcome(
-        cardScene(13), {"EDIT_MIN_LONGITUDE=90", "EDIT_MIN_LATITUDE=50", "EDIT_DIM_Y=100"});
-    EXPECT_EQ(o.apply, app::ApplyState::applied);
-    EXPECT_EQ(o.taken.size(), 13u);
-    EXPECT_EQ(o.written.size(), 13u);
-    EXPECT_EQ(o.arranged.size(), 12u);
-    ASSERT_EQ(o.not_reached.size(), 1u);
-    EXPECT_EQ(o.not_reached.front(), o.written.back());
-    EXPECT_NEAR(o.offset.x, 960, 0);
-    EXPECT_NEAR(o.offset.y, 540, 0);
-    expectCentre(o.surface, 960, 540, 0);
-}
-
-TEST_F(RunOutcomes, CopiesAreWrittenInListOrder)
+TEST_F(RunOutcomes, CopiesAreWrittenInListOrderAndWithoutAnAppliedStepNothingIsArranged)
 {
     const app::RunOutcome o = outcome(cardScene(2), {"CHECK_REPEAT_LAYERS=on", "EDIT_REPEAT_COUNT=3"});
     EXPECT_EQ(o.taken.size(), 2u);
@@ -208,10 +168,6 @@ TEST_F(RunOutcomes, CopiesAreWrittenInListOrder)
     for (const app::LayerCopy& copy : o.copies) {
         EXPECT_TRUE(copy.original == o.taken[0] || copy.original == o.taken[1]);
     }
-}
-
-TEST_F(RunOutcomes, WithoutAnAppliedStepNothingIsArrangedAndLayerSizesAreUnknown)
-{
     const app::RunOutcome none = outcome(cardScene(4), {"CHECK_RADIUS_BY_FIRST=on"}, true);
     EXPECT_EQ(none.apply, app::ApplyState::not_applied);
     EXPECT_TRUE(none.written.empty());

@@ -9,7 +9,7 @@ using nlohmann::json;
 
 class Runs : public apptest::ToolTest {};
 
-TEST_F(Runs, UndoRestoresTheSceneAsItWasRead)
+TEST_F(Runs, UndoRestoresTheSceneAsItWasReadAndAWrittenSceneRunsAgainToTheSame)
 {
     const std::string scene = writeScene("s.json", cardScene(5));
     const apptest::ToolRun untouched = run({scene, "--no-apply", "--out", path("untouched.json")});
@@ -25,13 +25,10 @@ TEST_F(Runs, UndoRestoresTheSceneAsItWasRead)
     EXPECT_EQ(after["undo_groups"][0]["undone"], true);
     // Nothing in the table is marked as changed.
     EXPECT_EQ(undone.out.find("moved"), std::string::npos);
-}
-
-TEST_F(Runs, WrittenSceneRunsAgainToTheSameScene)
-{
-    json scene = cardScene(6, 300, 200);
-    scene["settings"] = {{"EDIT_DIM_X", 1600}, {"RADIO_INWARD", true}, {"CHECK_KEY_POSITION", true}};
-    const std::string first = writeScene("s.json", scene);
+    // A written scene runs again to the same scene.
+    json set = cardScene(6, 300, 200);
+    set["settings"] = {{"EDIT_DIM_X", 1600}, {"RADIO_INWARD", true}, {"CHECK_KEY_POSITION", true}};
+    const std::string first = writeScene("s.json", set);
     ASSERT_EQ(run({first, "--set", "EDIT_MIN_LONGITUDE=30.5", "--out", path("one.json")}).status, 0);
     const apptest::ToolRun again = run({path("one.json"), "--out", path("two.json")});
     ASSERT_EQ(again.status, 0) << again.err;
@@ -48,7 +45,7 @@ TEST_F(Runs, WrittenSceneRunsAgainToTheSameScene)
     EXPECT_EQ(written["CHECK_USE_COMP_CENTER"], true);
 }
 
-TEST_F(Runs, StandardInputAndOutput)
+TEST_F(Runs, StandardInputAndOutputAndEditFieldsOfAtMost127Characters)
 {
     const std::string scene = cardScene(3).dump();
     const apptest::ToolRun piped = run({"-", "--set", "RADIO_INWARD=on", "--out", "-"}, scene);
@@ -61,15 +58,11 @@ TEST_F(Runs, StandardInputAndOutput)
         run({writeScene("s.json", cardScene(3)), "--set", "RADIO_INWARD=on", "--out", path("after.json")});
     EXPECT_EQ(piped.out, apptest::readFile(path("after.json")));
     EXPECT_EQ(piped.err, filed.out);
-}
-
-TEST_F(Runs, AnEditFieldReadsTheFirst127Characters)
-{
     // 127 characters are typed and read; at 128 the field would read nothing and keep its number.
-    const std::string scene = writeScene("s.json", cardScene(1));
-    const json fits = runForScene({scene, "--set", "EDIT_DIM_X=" + std::string(123, '0') + "1500"});
+    const std::string one = writeScene("s.json", cardScene(1));
+    const json fits = runForScene({one, "--set", "EDIT_DIM_X=" + std::string(123, '0') + "1500"});
     EXPECT_EQ(fits["settings"]["EDIT_DIM_X"], 1500);
-    const apptest::ToolRun longer = run({scene, "--set", "EDIT_DIM_X=" + std::string(124, '0') + "1500"});
+    const apptest::ToolRun longer = run({one, "--set", "EDIT_DIM_X=" + std::string(124, '0') + "1500"});
     EXPECT_EQ(longer.status, 2);
     EXPECT_EQ(longer.err, "orbisett-host: --set EDIT_DIM_X=" + std::string(124, '0') +
                               "1500: EDIT_DIM_X is an edit field, which reads only the first 127 characters of a "

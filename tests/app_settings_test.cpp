@@ -41,16 +41,12 @@ std::string names(const std::vector<app::ControlSetting>& plan)
     return out;
 }
 
-TEST(SetAssignments, NumbersAreTakenAsAnEditFieldReadsThemAndTypedAsGiven)
+TEST(SetAssignments, NumbersAreTakenAsAnEditFieldReadsThemAndAnythingElseRefusedSayingWhy)
 {
     const auto plan = planOf({"EDIT_DIM_X=+30", "EDIT_DIM_Y= 12 ", "EDIT_MIN_LONGITUDE=22.5", "EDIT_SPHERE_CENTER_Y=-1e3",
                               "EDIT_DIM_X=+31"});
     EXPECT_EQ(names(plan), "EDIT_DIM_X=+31 EDIT_DIM_Y= 12  EDIT_SPHERE_CENTER_Y=-1e3 EDIT_MIN_LONGITUDE=22.5 ");
     EXPECT_EQ(plan[0].where, "--set EDIT_DIM_X=+31");
-}
-
-TEST(SetAssignments, WhatIsNotOneNumberIsRefusedSayingWhy)
-{
     for (const char* bad : {"abc", "", "nan", "-"}) {
         EXPECT_EQ(errorOf({std::string("EDIT_DIM_X=") + bad}),
                   std::string("--set EDIT_DIM_X=") + bad + ": EDIT_DIM_X is an edit field and takes a number, not \"" +
@@ -62,7 +58,7 @@ TEST(SetAssignments, WhatIsNotOneNumberIsRefusedSayingWhy)
     EXPECT_NE(errorOf({"EDIT_DIM_X=1,5"}).find("would ignore \",5\" after \"1\""), std::string::npos);
 }
 
-TEST(SetAssignments, SwitchesAndRadios)
+TEST(SetAssignments, SwitchesRadiosAndUnknownNames)
 {
     EXPECT_EQ(names(planOf({"CHECK_DISTRIBUTE_EVENLY=on", "CHECK_CROP_TEXT_LAYERS=OFF", "CHECK_KEY_SCALE=true",
                             "RADIO_INWARD=on"})),
@@ -75,10 +71,6 @@ TEST(SetAssignments, SwitchesAndRadios)
               std::string::npos);
     EXPECT_NE(errorOf({"STATIC_DIM_X=1"}).find("STATIC_DIM_X is a static text and holds no value"), std::string::npos);
     EXPECT_NE(errorOf({"BUTTON_APPLY=on"}).find("BUTTON_APPLY is a push button and holds no value"), std::string::npos);
-}
-
-TEST(SetAssignments, UnknownNamesListTheValidOnes)
-{
     const std::string message = errorOf({"EDIT_DIM_W=5"});
     EXPECT_EQ(message.rfind("--set EDIT_DIM_W=5: unknown control \"EDIT_DIM_W\". Valid names: EDIT_DIM_X, EDIT_DIM_Y", 0),
               0u);
@@ -87,7 +79,7 @@ TEST(SetAssignments, UnknownNamesListTheValidOnes)
     EXPECT_EQ(errorOf({"EDIT_DIM_X"}), "--set EDIT_DIM_X: expected NAME=VALUE");
 }
 
-TEST(SceneSettings, JsonValuesRadiosListedOffAndSetWinning)
+TEST(SceneSettings, JsonValuesRadiosListedOffSetWinningAndErrorsNamingTheFile)
 {
     EXPECT_EQ(names(planOf({}, {{"EDIT_DIM_X", 1600}, {"EDIT_DIM_Y", 0.1}, {"CHECK_RANDOM_ORDER", true},
                                 {"EDIT_DIM_Z", "900"}, {"CHECK_KEY_POSITION", "on"}})),
@@ -97,10 +89,6 @@ TEST(SceneSettings, JsonValuesRadiosListedOffAndSetWinning)
     // "Begin at" Left and Right start off together: both off is their state, not a contradiction.
     EXPECT_EQ(names(planOf({}, {{"RADIO_BEGIN_LEFT", false}, {"RADIO_BEGIN_RIGHT", false}})),
               "RADIO_BEGIN_RIGHT=off RADIO_BEGIN_LEFT=off ");
-}
-
-TEST(SceneSettings, ErrorsNameTheFileAndTheSetting)
-{
     EXPECT_EQ(errorOf({}, {{"RADIO_OUTWARD", false}}),
               "scene.json: settings.RADIO_OUTWARD: RADIO_OUTWARD is off, but no other radio of its group "
               "(RADIO_INWARD) is on, and a radio button goes off only when another one is turned on");
@@ -145,7 +133,7 @@ Parsed parsed(std::vector<const char*> args)
     return p;
 }
 
-TEST(CommandLine, EveryOptionLandsInItsPlace)
+TEST(CommandLine, EveryOptionLandsInItsPlaceHelpAndVersion)
 {
     const Parsed p = parsed({"--set", "EDIT_DIM_X=1", "-", "--set", "EDIT_DIM_Y=2", "--undo", "--out", "-",
                              "--preview", "p.png", "--dialog", "d.svg", "--json-report", "r.json", "--quiet",
@@ -157,10 +145,6 @@ TEST(CommandLine, EveryOptionLandsInItsPlace)
     EXPECT_EQ(p.options.out + p.options.preview + p.options.dialog + p.options.json_report, "-p.pngd.svgr.json");
     EXPECT_EQ(p.options.plugin, "/default/module.so");
     EXPECT_EQ(parsed({"--plugin", "m.so"}).options.plugin, "m.so");
-}
-
-TEST(CommandLine, HelpWithThreeExamplesAndTheVersion)
-{
     const Parsed help = parsed({"--help"});
     EXPECT_EQ(help.exit.status, 0);
     EXPECT_FALSE(help.exit.to_error);

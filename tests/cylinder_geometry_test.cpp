@@ -20,32 +20,22 @@ class CylinderGeometryTest : public CylinderTest {};
 
 // ---- Cylinder coordinates ------------------------------------------------------------------
 
-TEST_F(CylinderGeometryTest, PointOnTheAxisHasNoCylinderCoordinatesAtAll)
+TEST_F(CylinderGeometryTest, CylinderCoordinatesOfTheSidesAndTheAxisAndBackAndTheTangent)
 {
+    // A point on the axis has no cylinder coordinates at all.
     EXPECT_EQ(Vector(0, 0, 0), dlg().cart_to_cyl(Vector(0, 50, 0)));
     EXPECT_EQ(Vector(0, 0, 0), dlg().cart_to_cyl(Vector(5e-13, 50, -5e-13)));
-}
-
-TEST_F(CylinderGeometryTest, AnglesOfTheFourSides)
-{
     EXPECT_EQ(Vector(1, 0, 7), dlg().cart_to_cyl(Vector(0, 7, 1)));
     EXPECT_EQ(Vector(1, 1.5707963267948966, 0), dlg().cart_to_cyl(Vector(1, 0, 0)));
     EXPECT_EQ(Vector(1, 3.141592653589793, 0), dlg().cart_to_cyl(Vector(0, 0, -1)));
     const Vector left = dlg().cart_to_cyl(Vector(-1, 0, 0));
     EXPECT_EQ(1, left.x);
     EXPECT_DOUBLE_EQ(4.71238898038469, left.y);
-}
-
-TEST_F(CylinderGeometryTest, CylinderAndCartesianAreInverse)
-{
     const Vector q(250, 2.5, -40);
     const Vector p = dlg().cyl_to_cart(q);
     expect_vector(Vector(250 * std::sin(2.5), -40, 250 * std::cos(2.5)), p, 0);
     expect_vector(q, dlg().cart_to_cyl(p), 1e-12);
-}
-
-TEST_F(CylinderGeometryTest, TangentTurnsTowardIncreasingAngle)
-{
+    // The tangent turns toward increasing angle.
     Vector phi_dir;
     Vector z_dir;
     dlg().get_phi_z_dir(Vector(3, 7, 4), phi_dir, z_dir);
@@ -58,7 +48,7 @@ TEST_F(CylinderGeometryTest, TangentTurnsTowardIncreasingAngle)
 
 // ---- Surface positions -------------------------------------------------------------------------
 
-TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipse)
+TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipseOrOnTheGivenRadiusAndNowhereWithoutAnEllipse)
 {
     set_float(EDIT_DIM_X, 1000);
     set_float(EDIT_DIM_Z, 400);
@@ -71,20 +61,11 @@ TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipse)
     const Vector p = dlg().get_position(0.7, -3, 0);
     EXPECT_NEAR(1, p.x * p.x / 250000 + p.z * p.z / 40000, 1e-15);
     EXPECT_NEAR(std::tan(0.7), p.x / p.z, 1e-12);
-}
-
-TEST_F(CylinderGeometryTest, GivenRadiusIgnoresTheDialog)
-{
-    set_float(EDIT_DIM_X, 1000);
-    set_float(EDIT_DIM_Z, 400);
-    const Vector p = dlg().get_position(1.2, 30, 250);
-    EXPECT_NEAR(250 * std::sin(1.2), p.x, 1e-12);
-    EXPECT_EQ(30, p.y);
-    EXPECT_NEAR(250 * std::cos(1.2), p.z, 1e-12);
-}
-
-TEST_F(CylinderGeometryTest, NoEllipseMeansNowhere)
-{
+    // A given radius ignores the dialog.
+    const Vector circle = dlg().get_position(1.2, 30, 250);
+    EXPECT_NEAR(250 * std::sin(1.2), circle.x, 1e-12);
+    EXPECT_EQ(30, circle.y);
+    EXPECT_NEAR(250 * std::cos(1.2), circle.z, 1e-12);
     // Without a window the extents read 0.
     CylinderDialog windowless(kPluginId);
     EXPECT_EQ(Vector(1e20, 1e20, 1e20), windowless.get_position(0.3, 10, 0));
@@ -95,7 +76,7 @@ TEST_F(CylinderGeometryTest, NoEllipseMeansNowhere)
 
 // ---- Normals -----------------------------------------------------------------------------------
 
-TEST_F(CylinderGeometryTest, NormalsAtTheFourSides)
+TEST_F(CylinderGeometryTest, NormalsAreOutwardOnBothHalvesAndFiniteNearTheSides)
 {
     set_float(EDIT_DIM_X, 1000);
     set_float(EDIT_DIM_Z, 400);
@@ -104,24 +85,12 @@ TEST_F(CylinderGeometryTest, NormalsAtTheFourSides)
     EXPECT_EQ(Vector(0, 0, 1), dlg().get_norm(Vector(0, 17, 200)));
     EXPECT_EQ(Vector(0, 0, -1), dlg().get_norm(Vector(0, 17, -200)));
     EXPECT_EQ(Vector(0, 0, 0), dlg().get_norm(error));
-}
-
-TEST_F(CylinderGeometryTest, NormalIsOutwardOnBothHalves)
-{
-    set_float(EDIT_DIM_X, 1000);
-    set_float(EDIT_DIM_Z, 400);
     for (double phi : {0.4, 2.0, 3.9, 5.5}) {
         const Vector p = dlg().get_position(phi, 0, 0);
         Vector expected(p.x / 250000, 0, p.z / 40000);
         expected.Normalize();
         expect_vector(expected, dlg().get_norm(p), 1e-12);
     }
-}
-
-TEST_F(CylinderGeometryTest, NormalNearTheSidesStaysFinite)
-{
-    set_float(EDIT_DIM_X, 1000);
-    set_float(EDIT_DIM_Z, 400);
     // Just off the side, x^2/a^2 rounds to 1 and there is no slope to take.
     EXPECT_EQ(Vector(1, 0, 0), dlg().get_norm(Vector(500, 0, 2e-12)));
     EXPECT_EQ(Vector(-1, 0, 0), dlg().get_norm(Vector(-500, 0, -2e-12)));
@@ -151,13 +120,8 @@ TEST_F(CylinderGeometryTest, StartAngleFollowsTheBeginRadiosAndStartsAtTheBottom
     set_bool(RADIO_BEGIN_FRONT, true);
     dlg().initial_angles(phi, h);
     EXPECT_EQ(0, phi);
-}
-
-TEST_F(CylinderGeometryTest, BeginAtLeftIsMinusHalfPiAndReadsBackAsThreeHalves)
-{
+    // Left is minus a quarter turn, and reads back as three quarters.
     begin_at(RADIO_BEGIN_LEFT);
-    double phi = 0;
-    double h = 0;
     dlg().initial_angles(phi, h);
     EXPECT_EQ(-kPi / 2, phi);
     const Vector p = dlg().get_position(phi, h, 0);
@@ -165,7 +129,7 @@ TEST_F(CylinderGeometryTest, BeginAtLeftIsMinusHalfPiAndReadsBackAsThreeHalves)
     EXPECT_DOUBLE_EQ(3 * kPi / 2, dlg().cart_to_cyl(p).y);
 }
 
-TEST_F(CylinderGeometryTest, AngularStepWithGivenValues)
+TEST_F(CylinderGeometryTest, AngularAndHeightStepsGrowByTheirIncrementsUnlessEven)
 {
     set_float(EDIT_LONGITUDE_INCREMENT, 5);
     EXPECT_EQ(0.7853981633974483, dlg().get_phi_increment(0));
@@ -174,25 +138,18 @@ TEST_F(CylinderGeometryTest, AngularStepWithGivenValues)
     // The max field takes no part.
     set_float(EDIT_MAX_LONGITUDE, 10);
     EXPECT_EQ(0.7853981633974483, dlg().get_phi_increment(0));
-}
-
-TEST_F(CylinderGeometryTest, AngularStepDistributedEvenly)
-{
-    set_bool(CHECK_DISTRIBUTE_EVENLY, true);
-    set_layer_count(8);
-    for (int step : {0, 1, 7, 100}) {
-        EXPECT_EQ(kPi / 4, dlg().get_phi_increment(step)) << step;
-    }
-}
-
-TEST_F(CylinderGeometryTest, HeightStepGrowsByTheIncrementPerRow)
-{
     EXPECT_EQ(50, dlg().get_z_increment(0));
     EXPECT_EQ(50, dlg().get_z_increment(3));
     set_float(EDIT_MIN_LATITUDE, 12.5f);
     set_float(EDIT_LATITUDE_INCREMENT, 2.25f);
     EXPECT_EQ(12.5, dlg().get_z_increment(0));
     EXPECT_EQ(17, dlg().get_z_increment(2));
+    // Distributed evenly, every angular step is the same.
+    set_bool(CHECK_DISTRIBUTE_EVENLY, true);
+    set_layer_count(8);
+    for (int step : {0, 1, 7, 100}) {
+        EXPECT_EQ(kPi / 4, dlg().get_phi_increment(step)) << step;
+    }
 }
 
 TEST_F(CylinderGeometryTest, RingStartsOnTheChosenSide)
@@ -221,23 +178,6 @@ TEST_F(CylinderGeometryTest, LocateLayerFlipsYAndZAroundTheCentre)
     EXPECT_EQ(-220, value.val.three_d.y);
     EXPECT_EQ(-330, value.val.three_d.z);
     EXPECT_EQ(reinterpret_cast<AEGP_StreamRefH>(0x1234), value.streamH);
-}
-
-TEST_F(CylinderGeometryTest, FrontStartReachesTheLayerAroundTheCompCentre)
-{
-    ASSERT_EQ(A_Err_NONE, state().save_selection());
-    ASSERT_EQ(1920, state().comp_width);
-    double phi = 0;
-    double h = 0;
-    dlg().initial_angles(phi, h);
-    const Vector p = dlg().get_position(phi, h, 0);
-    EXPECT_EQ(Vector(0, -1000, 500), p);
-    AEGP_StreamValue value{};
-    dlg().locate_layer(p, &value);
-    const Vector offset = dlg().get_offset();
-    EXPECT_EQ(960, value.val.three_d.x + offset.x);
-    EXPECT_EQ(540 + 1000, value.val.three_d.y + offset.y);
-    EXPECT_EQ(-500, value.val.three_d.z + offset.z);
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ protected:
     std::unique_ptr<Plain> dlg_;
 };
 
-TEST_F(DialogBase, LabelledControlsEndWithTheirTextsBestSizeAtTheirPlace) {
+TEST_F(DialogBase, LabelledControlsTakeTheirTextsBestSizeAndEditFieldsShowTheirValue) {
     ADMItemRef box = dlg_->add_checkbox(IASRect{40, 10, 16, 130}, "Repeat Layers", 528, 1);
     ADMItemRef radio = dlg_->add_radio(IASRect{60, 10, 16, 200}, "Inward", 0, 0);
     ADMItemRef label = dlg_->add_static(IASPoint{80, 20}, "Radius Set by First", 0);
@@ -76,9 +76,6 @@ TEST_F(DialogBase, LabelledControlsEndWithTheirTextsBestSizeAtTheirPlace) {
     const IASRect button = bounds(dlg_->add_ctrl(kADMTextPushButtonType, IASRect{150, 200, 20, 80}, "Apply", 3));
     EXPECT_EQ(button.bottom, 170);
     EXPECT_EQ(button.right, 280);
-}
-
-TEST_F(DialogBase, EditFieldHoldsItsValueAndShowsNoUnits) {
     ADMItemRef edit = dlg_->add_edit(IASRect{10, 10, 16, 60}, 500, 0.1f, 1e7f, 1000.0f);
     EXPECT_FLOAT_EQ(sADMItem->GetFloatValue(edit), 1000.0f);
     char text[64] = {};

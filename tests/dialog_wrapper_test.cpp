@@ -68,12 +68,17 @@ TEST_F(DialogWrapper, CreateBindsAndTheCloseBoxReachesNotify) {
     EXPECT_EQ(log.destroys, 0);
 }
 
-TEST_F(DialogWrapper, DeletingABoundObjectDestroysItsDialogWithoutCallingBack) {
+TEST_F(DialogWrapper, DeletingAnObjectDestroysItsDialogSilentlyAndADestroyedDialogDeletesItsObject) {
     auto* probe = new Probe(log);
     ASSERT_NE(probe->open(), nullptr);
     delete probe;
     EXPECT_EQ(windows(), 0u);
     EXPECT_EQ(log.destroys + log.notifies, 0);
+    log = ProbeLog{};
+    auto* dropped = new Probe(log);
+    sADMDialog->Destroy(dropped->open());
+    EXPECT_EQ(log.destroys, 1);
+    EXPECT_EQ(log.deletions, 1);
 }
 
 TEST_F(DialogWrapper, LongLivedObjectSurvivesItsWindowAndBindsAgain) {
@@ -92,13 +97,6 @@ TEST_F(DialogWrapper, LongLivedObjectSurvivesItsWindowAndBindsAgain) {
     EXPECT_EQ(log.destroys, 2);
     EXPECT_EQ(probe.dialog, nullptr);
     EXPECT_EQ(log.deletions, 0);
-}
-
-TEST_F(DialogWrapper, DestroyedDialogDeletesItsObjectByDefault) {
-    auto* probe = new Probe(log);
-    sADMDialog->Destroy(probe->open());
-    EXPECT_EQ(log.destroys, 1);
-    EXPECT_EQ(log.deletions, 1);
 }
 
 TEST_F(DialogWrapper, FailingInitReturnsNullAndLeavesNoDialog) {

@@ -11,6 +11,15 @@ namespace {
 
 using namespace layout_records;
 
+// Where a record must be after the layout: on the circle of that radius, at that angle (degrees)
+// and height; or, with a negative angle, where the snapshot left it.
+struct At {
+    double degrees;
+    double h = 0;
+    double radius = 500;
+};
+constexpr At kUntouched{-1};
+
 class DistributionModesTest : public CylinderTest {
 protected:
     void SetUp() override
@@ -31,6 +40,19 @@ protected:
             records().push_back(CylinderTest::record(i + 1, width, height));
         }
         mark_snapshot(records());
+    }
+
+    // Lays out n layers of that size, or layers of the sizes given.
+    void place(int n, A_long width = 100, A_long height = 100)
+    {
+        layers_of(n, width, height);
+        dlg().get_layers_pos();
+    }
+    void place(std::initializer_list<std::pair<A_long, A_long>> sizes)
+    {
+        set_layer_sizes(sizes);
+        mark_snapshot(records());
+        dlg().get_layers_pos();
     }
 
     void surface(ADMInt32 id)
@@ -56,62 +78,47 @@ protected:
         set_float(EDIT_MIN_LATITUDE, height_step);
     }
 
-    // The record sits on the circle of that radius at that angle (degrees) and height.
-    void expect_at(std::size_t i, double degrees, double h, double radius = 500)
+    void radius_by_first(int layers)
     {
-        SCOPED_TRACE("record " + std::to_string(i));
-        const Vector p = layout_point(record(i));
-        EXPECT_NEAR(radius, radius_of(p), 1e-9);
-        EXPECT_NEAR(degrees, degrees_around(p), 1e-9);
-        EXPECT_NEAR(h, p.y, 1e-9);
+        set_bool(CHECK_RADIUS_BY_FIRST, true);
+        set_int(EDIT_RADIUS_LAYERS, layers);
     }
 
-    void expect_untouched(std::size_t i) { EXPECT_TRUE(is_snapshot(record(i))) << "record " << i; }
+    // The first records, in order, are where `places` says.
+    void expect_places(std::initializer_list<At> places, std::size_t from = 0)
+    {
+        std::size_t i = from;
+        for (const At& at : places) {
+            SCOPED_TRACE("record " + std::to_string(i));
+            if (at.degrees < 0) {
+                EXPECT_TRUE(is_snapshot(record(i)));
+            } else {
+                const Vector p = layout_point(record(i));
+                EXPECT_NEAR(at.radius, radius_of(p), 1e-9);
+                EXPECT_NEAR(at.degrees, degrees_around(p), 1e-9);
+                EXPECT_NEAR(at.h, p.y, 1e-9);
+            }
+            ++i;
+        }
+    }
 };
 
 // ---- Distribute Evenly ---------------------------------------------------------------------------
 
-TEST_F(DistributionModesTest, EvenlySevenLayersMakeRowsOfFourAndThreeAtBottomAndTop)
+TEST_F(DistributionModesTest, EvenlyMakesRowsOfFourThenThreeFromBottomToTopIgnoringTheSector)
 {
     set_bool(CHECK_DISTRIBUTE_EVENLY, true);
+    place(3);
+    expect_places({{0, -1000}, {120, -1000}, {240, -1000}});
     layers_of(7);
     ASSERT_EQ(0, dlg().get_layers_pos());
-    const double angles[] = {0, 90, 180, 270, 0, 120, 240};
-    for (std::size_t i = 0; i < 7; ++i) {
-        expect_at(i, angles[i], i < 4 ? -1000 : 1000);
-    }
-}
-
-TEST_F(DistributionModesTest, EvenlyThreeLayersMakeOneRowAtTheBottom)
-{
-    set_bool(CHECK_DISTRIBUTE_EVENLY, true);
-    layers_of(3);
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000);
-    expect_at(1, 120, -1000);
-    expect_at(2, 240, -1000);
-}
-
-TEST_F(DistributionModesTest, EvenlyTenLayersMakeRowsOfFourThreeThree)
-{
-    set_bool(CHECK_DISTRIBUTE_EVENLY, true);
-    layers_of(10);
-    dlg().get_layers_pos();
-    const double angles[] = {0, 90, 180, 270, 0, 120, 240, 0, 120, 240};
-    const double heights[] = {-1000, -1000, -1000, -1000, 0, 0, 0, 1000, 1000, 1000};
-    for (std::size_t i = 0; i < 10; ++i) {
-        expect_at(i, angles[i], heights[i]);
-    }
-}
-
-TEST_F(DistributionModesTest, EvenlyIgnoresTheSector)
-{
-    set_bool(CHECK_DISTRIBUTE_EVENLY, true);
+    expect_places({{0, -1000}, {90, -1000}, {180, -1000}, {270, -1000}, {0, 1000}, {120, 1000}, {240, 1000}});
+    place(10);
+    expect_places({{0, -1000}, {90, -1000}, {180, -1000}, {270, -1000}, {0, 0}, {120, 0}, {240, 0}, {0, 1000},
+                   {120, 1000}, {240, 1000}});
     sector_front_only();
-    layers_of(3);
-    dlg().get_layers_pos();
-    expect_at(1, 120, -1000);
-    expect_at(2, 240, -1000);
+    place(3);
+    expect_places({{0, -1000}, {120, -1000}, {240, -1000}});
 }
 
 TEST_F(DistributionModesTest, EvenlySkipsRefusedSlotsAndLeavesLayersWithoutOne)
@@ -119,20 +126,11 @@ TEST_F(DistributionModesTest, EvenlySkipsRefusedSlotsAndLeavesLayersWithoutOne)
     set_bool(CHECK_DISTRIBUTE_EVENLY, true);
     set_bool(CHECK_DONT_INTERSECT, true);
     // Two rows of four. The first layer reaches atan(1000/500) = 63.4 degrees to each side; the
-    // second, atan(800/500) = 58 degrees, would touch it from 90 but not from 180.
-    set_layer_sizes({{2000, 100}, {1600, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100},
-                     {10, 100}});
-    mark_snapshot(records());
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000);
-    expect_at(1, 180, -1000);
-    expect_at(2, 270, -1000);
-    expect_at(3, 0, 1000);
-    expect_at(4, 90, 1000);
-    expect_at(5, 180, 1000);
-    expect_at(6, 270, 1000);
-    // The refused slot is not made up for: the last layer finds no slot.
-    expect_untouched(7);
+    // second, atan(800/500) = 58 degrees, would touch it from 90 but not from 180. The refused
+    // slot is not made up for: the last layer finds no slot.
+    place({{2000, 100}, {1600, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100}});
+    expect_places({{0, -1000}, {180, -1000}, {270, -1000}, {0, 1000}, {90, 1000}, {180, 1000}, {270, 1000},
+                   kUntouched});
 }
 
 // ---- Given steps ---------------------------------------------------------------------------------
@@ -142,54 +140,44 @@ TEST_F(DistributionModesTest, GivenStepsFillRowsFromTheBottomUntilTheTop)
     given_steps(90, 0, 50);
     set_float(EDIT_DIM_Y, 100);
     begin_at(RADIO_BEGIN_FRONT);
-    layers_of(13);
-    dlg().get_layers_pos();
-    for (std::size_t i = 0; i < 12; ++i) {
-        expect_at(i, 90.0 * (i % 4), -50.0 + 50.0 * static_cast<double>(i / 4));
-    }
-    // A fourth row would be at 100, above the top at 50.
-    expect_untouched(12);
+    place(13);
+    expect_places({{0, -50}, {90, -50}, {180, -50}, {270, -50}, {0, 0}, {90, 0}, {180, 0}, {270, 0}, {0, 50},
+                   {90, 50}, {180, 50}, {270, 50},
+                   // A fourth row would be at 100, above the top at 50.
+                   kUntouched});
 }
 
-TEST_F(DistributionModesTest, GivenStepsGrowByTheIncrementWithinARowAndStartAgainInTheNext)
+TEST_F(DistributionModesTest, GivenStepsGrowByTheIncrementsWithinARowAndFromRowToRow)
 {
-    // The max field (45 by default) takes no part: the steps grow past it.
+    // The max fields (45 and 50 by default) take no part: the steps grow past them.
     given_steps(30, 10, 50);
-    layers_of(9);
-    dlg().get_layers_pos();
-    const double angles[] = {0, 30, 70, 120, 180, 250, 330};
-    for (std::size_t i = 0; i < 7; ++i) {
-        expect_at(i, angles[i], -1000);
-    }
+    place(9);
     // The next step would make 420 degrees: a new row at the start angle, with steps from 30 again.
-    expect_at(7, 0, -950);
-    expect_at(8, 30, -950);
-}
-
-TEST_F(DistributionModesTest, GivenStepsRowsGrowByTheHeightIncrement)
-{
-    // The max field (50 by default) takes no part: the height steps grow past it.
+    expect_places({{0, -1000}, {30, -1000}, {70, -1000}, {120, -1000}, {180, -1000}, {250, -1000}, {330, -1000},
+                   {0, -950}, {30, -950}});
     given_steps(180, 0, 50);
     set_float(EDIT_LATITUDE_INCREMENT, 20);
-    layers_of(8);
-    dlg().get_layers_pos();
-    const double heights[] = {-1000, -950, -880, -790};
-    for (std::size_t i = 0; i < 8; ++i) {
-        expect_at(i, i % 2 == 0 ? 0 : 180, heights[i / 2]);
-    }
+    place(8);
+    expect_places({{0, -1000}, {180, -1000}, {0, -950}, {180, -950}, {0, -880}, {180, -880}, {0, -790},
+                   {180, -790}});
 }
 
-TEST_F(DistributionModesTest, GivenStepsSkipTheBackHalfOfAFrontSector)
+TEST_F(DistributionModesTest, GivenStepsSkipTheBackHalfOfAFrontSectorAndNoSectorBoxChangesNothing)
 {
     // The sector's edges at 90 and 270 degrees belong to it.
     given_steps(90, 0, 50);
     sector_front_only();
-    layers_of(4);
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000);
-    expect_at(1, 90, -1000);
-    expect_at(2, 270, -1000);
-    expect_at(3, 0, -950);
+    place(4);
+    expect_places({{0, -1000}, {90, -1000}, {270, -1000}, {0, -950}});
+    given_steps(45, 0, 50);
+    surface(RADIO_SECTOR);
+    for (ADMInt32 id : {CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT}) {
+        set_bool(id, false);
+    }
+    place(3);
+    expect_places({kUntouched, kUntouched, kUntouched});
+    EXPECT_TRUE(dlg().nowhere());
+    EXPECT_FALSE(dlg().is_orient_changed());
 }
 
 // Each box admits a half of the cylinder, closed at both ends; a point on the axis is at 0 degrees.
@@ -198,7 +186,7 @@ TEST_F(DistributionModesTest, SectorBoxesAcceptTheirHalfWithBothEdges)
     const double degrees[] = {0, 89, 90, 91, 179, 180, 181, 269, 270, 271, 359};
     const struct {
         std::vector<ADMInt32> boxes;
-        const char* accepted;  // one letter per angle above
+        const char* accepted;  // one letter per angle above, then the axis
     } cases[] = {
         {{CHECK_SECTOR_FRONT}, "yyy-----yyy" "y"},
         {{CHECK_SECTOR_RIGHT}, "yyyyyy-----" "y"},
@@ -228,92 +216,40 @@ TEST_F(DistributionModesTest, SectorBoxesAcceptTheirHalfWithBothEdges)
     EXPECT_TRUE(dlg().is_pos_valid(Vector(0, 0, -500)));
 }
 
-TEST_F(DistributionModesTest, NoSectorBoxChangesNothingAndWritesNoOrientation)
+TEST_F(DistributionModesTest, ZeroStepsStackTheLayersOrEndTheModeWhenNoPlaceIsFree)
 {
-    given_steps(45, 0, 50);
-    surface(RADIO_SECTOR);
-    for (ADMInt32 id : {CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT}) {
-        set_bool(id, false);
-    }
-    layers_of(3);
-    dlg().get_layers_pos();
-    for (std::size_t i = 0; i < 3; ++i) {
-        expect_untouched(i);
-    }
-    EXPECT_TRUE(dlg().nowhere());
-    EXPECT_FALSE(dlg().is_orient_changed());
+    given_steps(0, 0, 50);
+    place(3);
+    expect_places({{0, -1000}, {0, -1000}, {0, -1000}});
+    set_bool(CHECK_DONT_INTERSECT, true);
+    place(3);
+    expect_places({{0, -1000}, kUntouched, kUntouched});
+    // With a height step of 0 every further row is the same full row again.
+    given_steps(180, 0, 0);
+    place(3);
+    expect_places({{0, -1000}, {180, -1000}, kUntouched});
 }
 
-TEST_F(DistributionModesTest, GivenStepsAvoidPlacedLayers)
+TEST_F(DistributionModesTest, GivenStepsAvoidPlacedLayersWalkingARowOfZeroHeightStepOnceMorePerLayer)
 {
     given_steps(0, 10, 50);
     set_bool(CHECK_DONT_INTERSECT, true);
-    layers_of(2);
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000);
+    place(2);
     // Step 0 is 0 degrees (the same place), step 1 reaches 10 degrees, where the corner at
     // 10 - 5.7 degrees is still inside the first layer; step 2 reaches 30 degrees.
-    expect_at(1, 30, -1000);
-}
-
-TEST_F(DistributionModesTest, ZeroStepsWithoutOverlapTestStackTheLayers)
-{
-    given_steps(0, 0, 50);
-    layers_of(3);
-    dlg().get_layers_pos();
-    for (std::size_t i = 0; i < 3; ++i) {
-        expect_at(i, 0, -1000);
-    }
-}
-
-TEST_F(DistributionModesTest, ZeroAngularStepThatFindsNoPlaceEndsTheMode)
-{
-    given_steps(0, 0, 50);
-    set_bool(CHECK_DONT_INTERSECT, true);
-    layers_of(3);
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000);
-    expect_untouched(1);
-    expect_untouched(2);
-}
-
-TEST_F(DistributionModesTest, ZeroHeightStepThatFindsNoPlaceEndsTheMode)
-{
-    given_steps(180, 0, 0);
-    set_bool(CHECK_DONT_INTERSECT, true);
-    layers_of(3);
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000);
-    expect_at(1, 180, -1000);
-    // Every further row is the same full row again.
-    expect_untouched(2);
-}
-
-TEST_F(DistributionModesTest, ZeroHeightStepWalksTheRowOnceMoreForEachLayer)
-{
+    expect_places({{0, -1000}, {30, -1000}});
     given_steps(90, 0, 0);
     set_bool(CHECK_DONT_INTERSECT, true);
     // The second layer (56 degrees to each side) is refused at 90 by the first (35 to each side) and
     // goes to 180; a small layer later finds 90 free when the row starts again at the same height.
-    set_layer_sizes({{700, 100}, {1500, 100}, {100, 100}, {100, 100}, {100, 100}});
-    mark_snapshot(records());
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000);
-    expect_at(1, 180, -1000);
-    expect_at(2, 270, -1000);
-    expect_at(3, 90, -1000);
-    expect_untouched(4);
-}
-
-TEST_F(DistributionModesTest, FirstZeroHeightStepIsNotTheEndWhenTheIncrementGrows)
-{
+    place({{700, 100}, {1500, 100}, {100, 100}, {100, 100}, {100, 100}});
+    expect_places({{0, -1000}, {180, -1000}, {270, -1000}, {90, -1000}, kUntouched});
     given_steps(180, 0, 0);
     set_float(EDIT_LATITUDE_INCREMENT, 150);
     set_bool(CHECK_DONT_INTERSECT, true);
-    layers_of(3);
-    dlg().get_layers_pos();
+    place(3);
     // Row changes step 0, then 150: the third layer finds room one row up.
-    expect_at(2, 0, -850);
+    expect_places({{0, -850}}, 2);
 }
 
 TEST_F(DistributionModesTest, RepeatsAreCutToTheLayersThatFit)
@@ -322,17 +258,16 @@ TEST_F(DistributionModesTest, RepeatsAreCutToTheLayersThatFit)
     set_float(EDIT_DIM_Y, 1600);
     set_bool(CHECK_REPEAT_LAYERS, true);
     set_int(EDIT_REPEAT_COUNT, 10);
-    layers_of(3);
-    dlg().get_layers_pos();
+    place(3);
     // One layer per row, rows from -800 to 800.
     ASSERT_EQ(17u, records().size());
     for (std::size_t i = 0; i < 17; ++i) {
-        expect_at(i, 0, -800.0 + 100.0 * static_cast<double>(i));
+        expect_places({{0, -800.0 + 100.0 * static_cast<double>(i)}}, i);
         EXPECT_EQ(i >= 3, record(i).clone) << "record " << i;
     }
 }
 
-TEST_F(DistributionModesTest, LayerCountLeavesRecordsAndFootprintsAlone)
+TEST_F(DistributionModesTest, LayerCountLeavesRecordsAloneUsesTheSizesInTurnAndStopsAtAHundredThousand)
 {
     given_steps(90, 0, 50);
     set_float(EDIT_DIM_Y, 100);
@@ -341,10 +276,7 @@ TEST_F(DistributionModesTest, LayerCountLeavesRecordsAndFootprintsAlone)
     EXPECT_EQ(12, dlg().get_layers_number());
     EXPECT_EQ(before, bytes_of(records()));
     EXPECT_TRUE(state().volumes.empty());
-}
 
-TEST_F(DistributionModesTest, LayerCountUsesTheSizesInTurn)
-{
     // 100-wide layers at radius 500 reach 5.7 degrees to each side; a 700-wide one reaches 35.
     given_steps(30, 0, 50);
     set_float(EDIT_DIM_Y, 0.1f);
@@ -355,175 +287,102 @@ TEST_F(DistributionModesTest, LayerCountUsesTheSizesInTurn)
     // 0 (narrow), 60 (wide, 30 touches the first), 120 (narrow, 90 inside the wide one),
     // 180 (wide), 240 (narrow), 300 (wide; 330 is then inside it and 0 closes the row).
     EXPECT_EQ(6, dlg().get_layers_number());
-}
 
-TEST_F(DistributionModesTest, LayerCountIsCappedAtOneHundredThousand)
-{
+    set_bool(CHECK_DONT_INTERSECT, false);
     given_steps(0, 0, 50);
+    set_float(EDIT_DIM_Y, 2000);
     layers_of(1);
     EXPECT_EQ(100000, dlg().get_layers_number());
 }
 
 // ---- Radius set by the first layers --------------------------------------------------------------
 
-TEST_F(DistributionModesTest, RadiusMakesTheFirstLayersCloseUp)
+TEST_F(DistributionModesTest, RadiusMakesTheFirstLayersCloseUpAndItsRowsGrowByTheIncrement)
 {
-    set_bool(CHECK_RADIUS_BY_FIRST, true);
-    set_int(EDIT_RADIUS_LAYERS, 4);
-    layers_of(5, 200, 100);
-    dlg().get_layers_pos();
-    for (std::size_t i = 0; i < 4; ++i) {
-        expect_at(i, 90.0 * static_cast<double>(i), -1000, 100);
-    }
-    expect_at(4, 0, -950, 100);
-
-    set_int(EDIT_RADIUS_LAYERS, 6);
-    layers_of(2, 200, 100);
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000, 173.20508075688772);
-    expect_at(1, 60, -1000, 173.20508075688772);
-}
-
-TEST_F(DistributionModesTest, RadiusRowsGrowByTheHeightIncrement)
-{
-    set_bool(CHECK_RADIUS_BY_FIRST, true);
-    set_int(EDIT_RADIUS_LAYERS, 4);
+    radius_by_first(4);
+    place(5, 200, 100);
+    expect_places({{0, -1000, 100}, {90, -1000, 100}, {180, -1000, 100}, {270, -1000, 100}, {0, -950, 100}});
     set_float(EDIT_LATITUDE_INCREMENT, 20);
-    layers_of(9, 200, 100);
-    dlg().get_layers_pos();
-    expect_at(4, 0, -950, 100);
-    expect_at(8, 0, -880, 100);
-}
+    place(9, 200, 100);
+    expect_places({{0, -950, 100}}, 4);
+    expect_places({{0, -880, 100}}, 8);
 
-TEST_F(DistributionModesTest, RadiusSkipsTheBackHalfOfAFrontSector)
-{
-    set_bool(CHECK_RADIUS_BY_FIRST, true);
+    set_float(EDIT_LATITUDE_INCREMENT, 0);
     set_int(EDIT_RADIUS_LAYERS, 6);
+    place(2, 200, 100);
+    expect_places({{0, -1000, 173.20508075688772}, {60, -1000, 173.20508075688772}});
     sector_front_only();
-    layers_of(4, 200, 100);
-    dlg().get_layers_pos();
+    place(4, 200, 100);
     const double r = 173.20508075688772;
-    expect_at(0, 0, -1000, r);
-    expect_at(1, 60, -1000, r);
-    expect_at(2, 300, -1000, r);
-    expect_at(3, 0, -950, r);
+    expect_places({{0, -1000, r}, {60, -1000, r}, {300, -1000, r}, {0, -950, r}});
 }
 
-TEST_F(DistributionModesTest, RadiusRowChangeClimbsPastTheLayersBelow)
+TEST_F(DistributionModesTest, RadiusRowChangeClimbsPastTheLayersBelowAndTheModeEndsWhenNothingFits)
 {
-    set_bool(CHECK_RADIUS_BY_FIRST, true);
-    set_int(EDIT_RADIUS_LAYERS, 3);
-    layers_of(4, 200, 100);
-    dlg().get_layers_pos();
-    expect_at(3, 0, -950, 100 / std::tan(math::Constant_PI / 3));
-
+    radius_by_first(3);
+    const double r = 100 / std::tan(math::Constant_PI / 3);
+    place(4, 200, 100);
+    expect_places({{0, -950, r}}, 3);
     set_bool(CHECK_DONT_INTERSECT, true);
-    layers_of(4, 200, 100);
-    dlg().get_layers_pos();
+    place(4, 200, 100);
     // At -950 the centre, at -900 the lower corners touch the first row's top edge at -950.
-    expect_at(3, 0, -850, 100 / std::tan(math::Constant_PI / 3));
-}
-
-TEST_F(DistributionModesTest, RadiusModeEndsWhenNothingCanEverBePlaced)
-{
-    set_bool(CHECK_RADIUS_BY_FIRST, true);
-    set_int(EDIT_RADIUS_LAYERS, 3);
+    expect_places({{0, -850, r}}, 3);
+    radius_by_first(3);
     set_float(EDIT_MIN_LATITUDE, 0);
     set_bool(CHECK_DONT_INTERSECT, true);
-    layers_of(4, 200, 100);
-    dlg().get_layers_pos();
+    place(4, 200, 100);
     // Rows never climb, and the height band of the first row blocks them.
-    expect_at(2, 240, -1000, 100 / std::tan(math::Constant_PI / 3));
-    expect_untouched(3);
+    expect_places({{240, -1000, 100 / std::tan(math::Constant_PI / 3)}, kUntouched}, 2);
 
     // No sector box: no angle is valid in any row.
     set_bool(CHECK_DONT_INTERSECT, false);
     surface(RADIO_SECTOR);
     set_bool(CHECK_SECTOR_FRONT, false);
-    layers_of(2, 200, 100);
-    dlg().get_layers_pos();
-    expect_untouched(0);
-    expect_untouched(1);
+    place(2, 200, 100);
+    expect_places({kUntouched, kUntouched});
 }
 
-// ---- Mode precedence -----------------------------------------------------------------------------
+// ---- Mode precedence: Evenly beats Radius, which beats Equator -----------------------------------
 
-TEST_F(DistributionModesTest, EvenlyBeatsRadiusSetByFirst)
+TEST_F(DistributionModesTest, EvenlyBeatsRadiusSetByFirstWhichBeatsEquatorOnly)
 {
     set_bool(CHECK_DISTRIBUTE_EVENLY, true);
-    set_bool(CHECK_RADIUS_BY_FIRST, true);
-    set_int(EDIT_RADIUS_LAYERS, 4);
-    layers_of(3, 200, 100);
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000, 500);
-    expect_at(1, 120, -1000, 500);
-}
-
-TEST_F(DistributionModesTest, RadiusSetByFirstBeatsEquatorOnly)
-{
-    set_bool(CHECK_RADIUS_BY_FIRST, true);
-    set_int(EDIT_RADIUS_LAYERS, 4);
+    radius_by_first(4);
+    place(3, 200, 100);
+    expect_places({{0, -1000, 500}, {120, -1000, 500}});
+    set_bool(CHECK_DISTRIBUTE_EVENLY, false);
     surface(RADIO_EQUATOR_ONLY);
-    layers_of(2, 200, 100);
-    dlg().get_layers_pos();
-    expect_at(0, 0, -1000, 100);
-    expect_at(1, 90, -1000, 100);
+    place(2, 200, 100);
+    expect_places({{0, -1000, 100}, {90, -1000, 100}});
 }
 
 // ---- Equator -------------------------------------------------------------------------------------
 
-TEST_F(DistributionModesTest, EquatorWithEvenlySpreadsTheLayersAllAround)
+TEST_F(DistributionModesTest, EquatorWithEvenlySpreadsTheLayersAllAroundSkippingARefusedPlace)
 {
     surface(RADIO_EQUATOR_ONLY);
     set_bool(CHECK_DISTRIBUTE_EVENLY, true);
-    layers_of(6);
-    dlg().get_layers_pos();
-    for (std::size_t i = 0; i < 6; ++i) {
-        expect_at(i, 60.0 * static_cast<double>(i), 0);
-    }
-}
-
-TEST_F(DistributionModesTest, EquatorWithOneRefusedPlaceLeavesTheLastLayer)
-{
-    surface(RADIO_EQUATOR_ONLY);
-    set_bool(CHECK_DISTRIBUTE_EVENLY, true);
+    place(6);
+    expect_places({{0}, {60}, {120}, {180}, {240}, {300}});
     set_bool(CHECK_DONT_INTERSECT, true);
     // The first layer reaches 10 degrees to each side; the second, 55 to each side, would touch it
     // from 60 degrees (its corner at 5 degrees, on the band's top edge) but not from 120.
-    set_layer_sizes({{176, 100}, {1428, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100}});
-    mark_snapshot(records());
-    dlg().get_layers_pos();
-    expect_at(0, 0, 0);
-    expect_at(1, 120, 0);
-    expect_at(2, 180, 0);
-    expect_at(3, 240, 0);
-    expect_at(4, 300, 0);
-    expect_untouched(5);
+    place({{176, 100}, {1428, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100}});
+    expect_places({{0}, {120}, {180}, {240}, {300}, kUntouched});
 }
 
 TEST_F(DistributionModesTest, EquatorTakesGivenStepsAtMidHeightForOneTurn)
 {
     surface(RADIO_EQUATOR_ONLY);
     given_steps(60, 30, 50);
-    layers_of(5);
-    dlg().get_layers_pos();
+    place(5);
     // Steps of 60, 90 and 120 degrees; the next, 150, would pass the whole turn.
-    expect_at(0, 0, 0);
-    expect_at(1, 60, 0);
-    expect_at(2, 150, 0);
-    expect_at(3, 270, 0);
-    expect_untouched(4);
-}
-
-TEST_F(DistributionModesTest, EquatorZeroStepThatFindsNoPlaceEndsTheMode)
-{
-    surface(RADIO_EQUATOR_ONLY);
+    expect_places({{0}, {60}, {150}, {270}, kUntouched});
+    // A step of 0 that finds no place ends the mode.
     given_steps(0, 0, 50);
     set_bool(CHECK_DONT_INTERSECT, true);
-    layers_of(2);
-    dlg().get_layers_pos();
-    expect_at(0, 0, 0);
-    expect_untouched(1);
+    place(2);
+    expect_places({{0}, kUntouched});
 }
 
 // ---- Scale Layer to ------------------------------------------------------------------------------
@@ -552,7 +411,7 @@ TEST_F(DistributionModesTest, ScaleLayerToMakesEveryLayerSquare)
 
 // ---- Reproducibility -----------------------------------------------------------------------------
 
-TEST_F(DistributionModesTest, SameSettingsAndRecordsGiveTheSameLayoutBitForBit)
+TEST_F(DistributionModesTest, SameSettingsAndRecordsGiveTheSameLayoutBitForBitReseedingTheGenerator)
 {
     given_steps(25, 5, 120);
     set_bool(CHECK_DONT_INTERSECT, true);
@@ -565,15 +424,10 @@ TEST_F(DistributionModesTest, SameSettingsAndRecordsGiveTheSameLayoutBitForBit)
     dlg().get_layers_pos();
     EXPECT_EQ(first, bytes_of(records()));
     EXPECT_NE(bytes_of(snapshot), first);
-}
-
-TEST_F(DistributionModesTest, LayoutReseedsTheRandomGenerator)
-{
     math::SetRand(15021991);
     const std::int32_t expected = math::LRand();
     math::SetRand(42);
-    layers_of(2);
-    dlg().get_layers_pos();
+    place(2);
     EXPECT_EQ(expected, math::LRand());
     EXPECT_EQ(2u, state().volumes.size());
 }

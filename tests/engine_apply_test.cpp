@@ -35,6 +35,20 @@ TEST_F(Apply, EachPressIsOneClosedUndoGroupNamedAfterTheAssistant) {
     EXPECT_EQ(position(cards_[2]), vec(200, 0, 500));  // layer order, not selection order
 }
 
+TEST_F(Apply, SelectionsWithoutArrangeableLayersWriteNothing) {
+    const host::Id flat = add_av("Flat", 100, 100, false);
+    select({flat});
+    EXPECT_EQ(dlg().apply_assistant(), A_Err_NONE);
+    EXPECT_TRUE(dlg().layers.empty());
+    EXPECT_EQ(dlg().applies, 1);
+    select({});
+    EXPECT_EQ(dlg().apply_assistant(), A_Err_NONE);
+    EXPECT_EQ(dlg().applies, 1);  // no items: the layout is not even asked
+    EXPECT_EQ(host().callCount("AEGP_SetStreamValue"), 0);
+    EXPECT_EQ(host().undoGroups().size(), 2u);
+    EXPECT_TRUE(host().undoBalanced());
+}
+
 TEST_F(Apply, KeysGoExactlyOnTheCheckedPropertiesAtTheCurrentTime) {
     set_check(kAssistantKeyOrientationId, false);
     set_check(kAssistantKeyScaleId, false);
@@ -108,20 +122,6 @@ TEST_F(Apply, OneUndoRestoresEverythingAndRemovesEveryCopy) {
     EXPECT_EQ(prop(cards_[1], Prop::orientation).value, vec(10, 20, 30));
     EXPECT_EQ(prop(cards_[1], Prop::rotate_y).value.x, 7);
     EXPECT_EQ(prop(cards_[1], Prop::position).value, vec(5, 6, 7));
-}
-
-TEST_F(Apply, SelectionsWithoutArrangeableLayersWriteNothing) {
-    const host::Id flat = add_av("Flat", 100, 100, false);
-    select({flat});
-    EXPECT_EQ(dlg().apply_assistant(), A_Err_NONE);
-    EXPECT_TRUE(dlg().layers.empty());
-    EXPECT_EQ(dlg().applies, 1);
-    select({});
-    EXPECT_EQ(dlg().apply_assistant(), A_Err_NONE);
-    EXPECT_EQ(dlg().applies, 1);  // no items: the layout is not even asked
-    EXPECT_EQ(host().callCount("AEGP_SetStreamValue"), 0);
-    EXPECT_EQ(host().undoGroups().size(), 2u);
-    EXPECT_TRUE(host().undoBalanced());
 }
 
 }  // namespace

@@ -15,16 +15,13 @@
 
 class EngineTest : public ::testing::Test {
 protected:
-    void SetUp() override { start_host(); }
-    void TearDown() override { stop_host(); }
-
-    void start_host() {
+    void SetUp() override {
         platform::reset();
         host_ = std::make_unique<host::Host>();
         sSPBasic = host_->basicSuite();
         comp_ = project().addComp("Main", 1920, 1080, A_Time{15, 30});
     }
-    void stop_host() {
+    void TearDown() override {
         // The window goes first, so the assistant releases its host resources as it would.
         if (dialog_ && dialog_->dialog != nullptr) {
             sADMDialog->Destroy(dialog_->dialog);

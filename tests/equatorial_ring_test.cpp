@@ -89,7 +89,7 @@ protected:
 
 // ---- Line and ellipsoid --------------------------------------------------------------------------
 
-TEST_F(EquatorialRingTest, LineThroughASphereCrossesItTwiceInOrder)
+TEST_F(EquatorialRingTest, LineCrossesTheEllipsoidTwiceInOrderTouchesItOnceOrLeavesThePointsAlone)
 {
     Vector p1;
     Vector p2;
@@ -99,23 +99,15 @@ TEST_F(EquatorialRingTest, LineThroughASphereCrossesItTwiceInOrder)
     ASSERT_EQ(2, dlg().intersect_ellipse(Vector(0, 0, 0), Vector(0, 0, 1), Vector(2, 3, 4), p1, p2));
     EXPECT_EQ(Vector(0, 0, -4), p1);
     EXPECT_EQ(Vector(0, 0, 4), p2);
-}
-
-TEST_F(EquatorialRingTest, TangentLineTouchesOnce)
-{
-    Vector p1;
-    Vector p2;
+    // A tangent touches once.
     ASSERT_EQ(2, dlg().intersect_ellipse(Vector(-2, 1, 0), Vector(1, 0, 0), Vector(1, 1, 1), p1, p2));
     EXPECT_EQ(Vector(0, 1, 0), p1);
     EXPECT_EQ(p1, p2);
-}
-
-TEST_F(EquatorialRingTest, MissingOrDegenerateLinesLeaveThePointsAlone)
-{
+    // Missing or degenerate lines leave the points alone.
     const Vector keep1(7, 8, 9);
     const Vector keep2(-7, -8, -9);
-    Vector p1 = keep1;
-    Vector p2 = keep2;
+    p1 = keep1;
+    p2 = keep2;
     EXPECT_EQ(0, dlg().intersect_ellipse(Vector(0, 5, 0), Vector(1, 0, 0), Vector(1, 1, 1), p1, p2));
     EXPECT_EQ(0, dlg().intersect_ellipse(Vector(0, 0, 0), Vector(0, 0, 0), Vector(1, 1, 1), p1, p2));
     EXPECT_EQ(0, dlg().intersect_ellipse(Vector(0, 0, 0), Vector(1, 0, 0), Vector(0, 1, 1), p1, p2));
@@ -124,14 +116,6 @@ TEST_F(EquatorialRingTest, MissingOrDegenerateLinesLeaveThePointsAlone)
 }
 
 // ---- The ring ------------------------------------------------------------------------------------
-
-TEST_F(EquatorialRingTest, TwoLayersDoNotMove)
-{
-    widths({100, 100});
-    dlg().get_layers_pos();
-    EXPECT_TRUE(is_snapshot(nth(records(), 0)));
-    EXPECT_TRUE(is_snapshot(nth(records(), 1)));
-}
 
 TEST_F(EquatorialRingTest, FourLayersCloseIntoARing)
 {
@@ -165,7 +149,7 @@ TEST_F(EquatorialRingTest, FourLayersCloseIntoARing)
     }
 }
 
-TEST_F(EquatorialRingTest, TheBoxGivesOnlyTheShape)
+TEST_F(EquatorialRingTest, TheBoxGivesOnlyTheShapeADeeperOneADeeperRing)
 {
     widths({100, 150, 120, 90, 60});
     dlg().get_layers_pos();
@@ -175,10 +159,6 @@ TEST_F(EquatorialRingTest, TheBoxGivesOnlyTheShape)
     widths({100, 150, 120, 90, 60});
     dlg().get_layers_pos();
     EXPECT_EQ(large, bytes_of(records()));
-}
-
-TEST_F(EquatorialRingTest, DeeperBoxMakesADeeperRing)
-{
     set_float(EDIT_DIM_X, 300);
     set_float(EDIT_DIM_Z, 600);
     const std::vector<double> w(16, 100);
@@ -219,7 +199,7 @@ TEST_F(EquatorialRingTest, BeginAtBackStartsAtTheBackFacingBack)
     expect_closed(panels(std::vector<double>(6, 100)), 1e-6);
 }
 
-TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayer)
+TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayerUnlessItHasNoWidth)
 {
     widths({200, 200, 200, 50});
     std::prev(records().end())->scale.val.three_d = AEGP_ThreeDVal{80, 70, 60};
@@ -234,50 +214,41 @@ TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayer)
     std::vector<Panel> ring = panels({200, 200, 200, 50});
     ring[3].width = 50 * f;
     expect_closed(ring, 1e-6);
-}
-
-// ---- Nothing to build ----------------------------------------------------------------------------
-
-TEST_F(EquatorialRingTest, WidthsSummingToZeroLeaveEverything)
-{
-    widths({0, 0, 0});
-    dlg().get_layers_pos();
-    for (const LayerInfo& r : records()) {
-        EXPECT_TRUE(is_snapshot(r));
-    }
-}
-
-TEST_F(EquatorialRingTest, LastLayerWithoutWidthStaysUnscaled)
-{
+    // A last layer without width stays unscaled; uneven widths stay finite.
     widths({100, 100, 100, 0});
     dlg().get_layers_pos();
-    const LayerInfo& last = nth(records(), 3);
-    EXPECT_EQ(0, last.size.x);
-    EXPECT_EQ(100, last.scale.val.three_d.x);
-    EXPECT_FALSE(is_snapshot(last));
+    const LayerInfo& flat = nth(records(), 3);
+    EXPECT_EQ(0, flat.size.x);
+    EXPECT_EQ(100, flat.scale.val.three_d.x);
+    EXPECT_FALSE(is_snapshot(flat));
     EXPECT_TRUE(all_finite(records()));
-}
-
-TEST_F(EquatorialRingTest, NoBoxLeavesEverything)
-{
-    CylinderDialog windowless(kPluginId);
-    windowless.layers.push_back(record(1, 100, 100));
-    windowless.layers.push_back(record(2, 100, 100));
-    windowless.layers.push_back(record(3, 100, 100));
-    mark_snapshot(windowless.layers);
-    windowless.create_equatorial_ring();
-    for (const LayerInfo& r : windowless.layers) {
-        EXPECT_TRUE(is_snapshot(r));
-    }
-}
-
-TEST_F(EquatorialRingTest, UnevenWidthsStayFiniteAndClosed)
-{
     set_float(EDIT_DIM_X, 2000);
     set_float(EDIT_DIM_Z, 300);
     widths({5, 400, 1, 250, 3, 3});
     dlg().get_layers_pos();
     EXPECT_TRUE(all_finite(records()));
+}
+
+// ---- Nothing to build ----------------------------------------------------------------------------
+
+TEST_F(EquatorialRingTest, TwoLayersWidthsSummingToZeroOrNoBoxLeaveEverything)
+{
+    for (std::initializer_list<A_long> ws : {std::initializer_list<A_long>{0, 0, 0}, {100, 100}}) {
+        widths(ws);
+        dlg().get_layers_pos();
+        for (const LayerInfo& r : records()) {
+            EXPECT_TRUE(is_snapshot(r));
+        }
+    }
+    CylinderDialog windowless(kPluginId);
+    for (A_long i = 1; i <= 3; ++i) {
+        windowless.layers.push_back(record(i, 100, 100));
+    }
+    mark_snapshot(windowless.layers);
+    windowless.create_equatorial_ring();
+    for (const LayerInfo& r : windowless.layers) {
+        EXPECT_TRUE(is_snapshot(r));
+    }
 }
 
 } // namespace

@@ -212,52 +212,36 @@ INSTANTIATE_TEST_SUITE_P(Scenarios, AllocationSweep, ::testing::Range<std::size_
                          });
 
 // The sweep's own checks must see what they are there to see.
-TEST(SweepChecks, OneBitInOneKeyChangesTheSnapshot) {
-    host::Project p;
-    const host::Id comp = p.addComp("Main", 100, 100);
-    const host::Id layer = p.addLayer(comp, "A", AEGP_ObjectType_AV, true);
-    p.layer(layer)->prop(host::Prop::position).insertKey(A_Time{1, 30}, host::Vec3{0.1, 0, 0});
-    const std::string before = projectSnapshot(p);
-    p.layer(layer)->prop(host::Prop::position).keys[0].value.x = std::nextafter(0.1, 1.0);
-    EXPECT_NE(before, projectSnapshot(p));
-}
-
-TEST(SweepChecks, SelectionOrderIsPartOfTheSnapshot) {
+TEST(SweepChecks, OneBitInOneKeyOrTheSelectionOrderChangesTheSnapshotAndNonFiniteKeysAreNamed) {
     host::Project p;
     const host::Id comp = p.addComp("Main", 100, 100);
     const host::Id a = p.addLayer(comp, "A", AEGP_ObjectType_AV, true);
     const host::Id b = p.addLayer(comp, "B", AEGP_ObjectType_AV, true);
+    p.layer(a)->prop(host::Prop::position).insertKey(A_Time{1, 30}, host::Vec3{0.1, 0, 0});
     p.select(comp, {a, b});
-    const std::string before = projectSnapshot(p);
+    std::string before = projectSnapshot(p);
+    p.layer(a)->prop(host::Prop::position).keys[0].value.x = std::nextafter(0.1, 1.0);
+    EXPECT_NE(before, projectSnapshot(p));
+    before = projectSnapshot(p);
     p.select(comp, {b, a});
     EXPECT_NE(before, projectSnapshot(p));
-}
-
-TEST(SweepChecks, NonFiniteKeyValuesAreNamed) {
-    host::Project p;
-    const host::Id comp = p.addComp("Main", 100, 100);
-    const host::Id layer = p.addLayer(comp, "Card", AEGP_ObjectType_AV, true);
     EXPECT_TRUE(nonFiniteValues(p).empty());
-    p.layer(layer)->prop(host::Prop::scale).insertKey(A_Time{0, 1}, host::Vec3{100, INFINITY, 100});
-    EXPECT_EQ(std::vector<std::string>{"Card scale"}, nonFiniteValues(p));
+    p.layer(b)->prop(host::Prop::scale).insertKey(A_Time{0, 1}, host::Vec3{100, INFINITY, 100});
+    EXPECT_EQ(std::vector<std::string>{"B scale"}, nonFiniteValues(p));
 }
 
-TEST(SweepChecks, ASuiteKeptPastItsActionIsFoundUnlessItsReleaseWasRefused) {
+TEST(SweepChecks, KeptSuitesAndHandlesAreFoundUnlessAllowedOrTheirReleaseWasRefused) {
     const Holdings before{{{"PF AE App Suite/2", 1}}, 1, 0};
     const Holdings after{{{"PF AE App Suite/2", 1}, {"AEGP Layer Suite/5", 1}}, 1, 0};
     EXPECT_EQ(1u, suiteProblems(Span::within, before, after, Excuse{}).size());
     EXPECT_TRUE(suiteProblems(Span::within, before, after, excuseFor({"ReleaseSuite"}, Span::within)).empty());
     EXPECT_EQ(2u, suiteProblems(Span::shutdown, before, after, Excuse{}).size());
-}
-
-TEST(SweepChecks, StartUpMayKeepOnlyThePanelAndAppSuites) {
-    const Holdings after{{{"PF AE App Suite/2", 1}, {"AEGP Workspace Panel Suite/1", 1}}, 0, 0};
-    EXPECT_TRUE(suiteProblems(Span::startup, Holdings{}, after, Excuse{}).empty());
+    // Start-up may keep only the panel and app suites.
+    const Holdings started{{{"PF AE App Suite/2", 1}, {"AEGP Workspace Panel Suite/1", 1}}, 0, 0};
+    EXPECT_TRUE(suiteProblems(Span::startup, Holdings{}, started, Excuse{}).empty());
     const Holdings more{{{"PF AE App Suite/2", 2}}, 0, 0};
     EXPECT_EQ(1u, suiteProblems(Span::startup, Holdings{}, more, Excuse{}).size());
-}
-
-TEST(SweepChecks, OnlyTheHeldSelectionCollectionMayStayOpen) {
+    // Only the held selection collection may stay open.
     EXPECT_TRUE(handleProblems(Span::within, Holdings{{}, 1, 0}, Excuse{}).empty());
     EXPECT_EQ(1u, handleProblems(Span::within, Holdings{{}, 2, 0}, Excuse{}).size());
     EXPECT_EQ(1u, handleProblems(Span::shutdown, Holdings{{}, 1, 0}, Excuse{}).size());

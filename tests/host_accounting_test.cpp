@@ -96,7 +96,7 @@ TEST_F(HostSuites, AcquireAndReleaseCanBeMadeToFail) {
     EXPECT_TRUE(h.allSuitesReleased());
 }
 
-TEST_F(HostSuites, EveryCallOfAFunctionFailsUntilCleared) {
+TEST_F(HostSuites, EveryCallOfAFunctionFailsUntilClearedAndUndisposedHandlesShow) {
     auto* ss = streams();
     AEGP_StreamRefH s = nullptr;
     ss->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_POSITION, &s);
@@ -110,11 +110,8 @@ TEST_F(HostSuites, EveryCallOfAFunctionFailsUntilCleared) {
     EXPECT_EQ(A_Err_NONE, ss->AEGP_SetStreamValue(1, s, &v));
     EXPECT_EQ(h.project().layer(a)->prop(Prop::position).value, (Vec3{1, 2, 3}));
     ss->AEGP_DisposeStream(s);
-}
-
-TEST_F(HostSuites, UndisposedStreamsAndCollectionsShow) {
-    AEGP_StreamRefH s = nullptr;
-    streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_SCALE, &s);
+    // Undisposed streams and collections show.
+    ss->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_SCALE, &s);
     AEGP_CollectionH coll = nullptr;
     collections()->AEGP_NewCollection(1, &coll);
     AEGP_CollectionH selection = nullptr;
@@ -125,7 +122,7 @@ TEST_F(HostSuites, UndisposedStreamsAndCollectionsShow) {
     EXPECT_EQ(1u, h.openCollections());
 }
 
-TEST(HostCurrent, SuiteCallsWithoutAHostFail) {
+TEST(HostCurrent, TheNewestHostIsCurrentUntilAnotherIsMadeCurrentAndWithoutOneCallsFail) {
     auto h = std::make_unique<host::Host>();
     const void* table = nullptr;
     ASSERT_EQ(A_Err_NONE, h->basicSuite()->AcquireSuite(kAEGPItemSuite, 3, &table));
@@ -135,14 +132,10 @@ TEST(HostCurrent, SuiteCallsWithoutAHostFail) {
     AEGP_ItemH item = nullptr;
     EXPECT_EQ(A_Err_GENERIC, static_cast<const AEGP_ItemSuite3*>(table)->AEGP_GetActiveItem(&item));
     EXPECT_EQ(A_Err_GENERIC, basic.AcquireSuite(kAEGPItemSuite, 3, &table));
-}
-
-TEST(HostCurrent, TheNewestHostIsCurrentUntilAnotherIsMadeCurrent) {
     host::Host first;
     host::Host second;
     EXPECT_EQ(&second, host::Host::current());
     first.makeCurrent();
-    const void* table = nullptr;
     first.basicSuite()->AcquireSuite(kAEGPItemSuite, 3, &table);
     EXPECT_EQ(1, first.acquireCount(kAEGPItemSuite, 3));
     EXPECT_EQ(0, second.acquireCount(kAEGPItemSuite, 3));

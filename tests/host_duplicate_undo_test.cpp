@@ -31,7 +31,7 @@ TEST_F(HostDuplicate, DuplicateLayerPutsTheCopyDirectlyAboveAndKeepsTheSelection
     EXPECT_EQ(45, dup.prop(Prop::rotate_z).keys[0].value.x);
 }
 
-TEST_F(HostDuplicate, CommandDuplicatesTheSelectionAndSelectsTheCopies) {
+TEST_F(HostDuplicate, CommandDuplicatesTheSelectionAndSelectsTheCopiesInACompositionOnly) {
     h.project().select(comp, {c, a});
     ASSERT_EQ(A_Err_NONE, commands()->AEGP_DoCommand(AEGP_Command_DUPLICATE));
     EXPECT_EQ((std::vector<std::string>{"A", "A", "B", "C", "C"}), layerNames());
@@ -47,9 +47,6 @@ TEST_F(HostDuplicate, CommandDuplicatesTheSelectionAndSelectsTheCopies) {
     ASSERT_EQ(1u, h.undoGroups().size());
     EXPECT_TRUE(h.undo());
     EXPECT_EQ((std::vector<std::string>{"A", "B", "C"}), layerNames());
-}
-
-TEST_F(HostDuplicate, CommandWithoutACompositionDoesNothing) {
     h.project().select(comp, {a});
     h.project().active = footage;
     EXPECT_EQ(A_Err_NONE, h.doCommand(AEGP_Command_DUPLICATE));
@@ -99,7 +96,7 @@ TEST_F(HostUndo, UndoRestoresValuesOrderSelectionAndRemovesCopies) {
     EXPECT_FALSE(h.undo());
 }
 
-TEST_F(HostUndo, GroupsNestAndOnlyTheOutermostIsAStep) {
+TEST_F(HostUndo, GroupsNestOnlyTheOutermostIsAStepAndStepsUndoInReverseOrder) {
     auto* ut = utility();
     ut->AEGP_StartUndoGroup("outer");
     h.project().layer(a)->name = "first";
@@ -116,6 +113,16 @@ TEST_F(HostUndo, GroupsNestAndOnlyTheOutermostIsAStep) {
     ASSERT_TRUE(h.undo());
     EXPECT_EQ("A", h.project().layer(a)->name);
     EXPECT_FALSE(h.undo());
+    // Steps undo in reverse order.
+    for (const char* name : {"one", "two"}) {
+        ut->AEGP_StartUndoGroup(name);
+        h.project().layer(a)->name = name;
+        ut->AEGP_EndUndoGroup();
+    }
+    ASSERT_TRUE(h.undo());
+    EXPECT_EQ("one", h.project().layer(a)->name);
+    ASSERT_TRUE(h.undo());
+    EXPECT_EQ("A", h.project().layer(a)->name);
 }
 
 TEST_F(HostUndo, AStepListsTheLayersItSetInTheOrderOfTheirFirstChange) {
@@ -143,19 +150,6 @@ TEST_F(HostUndo, AStepListsTheLayersItSetInTheOrderOfTheirFirstChange) {
     EXPECT_EQ((std::vector<host::Id>{b, a}), h.undoGroups()[0].written);
     EXPECT_TRUE(h.undoGroups()[1].written.empty());
     EXPECT_EQ((std::vector<host::Id>{c}), h.undoGroups()[2].written);
-}
-
-TEST_F(HostUndo, StepsUndoInReverseOrder) {
-    auto* ut = utility();
-    for (const char* name : {"one", "two"}) {
-        ut->AEGP_StartUndoGroup(name);
-        h.project().layer(a)->name = name;
-        ut->AEGP_EndUndoGroup();
-    }
-    ASSERT_TRUE(h.undo());
-    EXPECT_EQ("one", h.project().layer(a)->name);
-    ASSERT_TRUE(h.undo());
-    EXPECT_EQ("A", h.project().layer(a)->name);
 }
 
 TEST_F(HostUndo, UnbalancedGroupsShow) {

@@ -85,7 +85,7 @@ protected:
     }
 };
 
-TEST_F(HostHooks, UniqueCommandsAndMenuItems) {
+TEST_F(HostHooks, UniqueCommandsMenuItemsAndRefusedRegistrations) {
     AEGP_Command second = 0;
     ASSERT_EQ(A_Err_NONE, commands()->AEGP_GetUniqueCommand(&second));
     EXPECT_NE(g_item, second);
@@ -110,6 +110,12 @@ TEST_F(HostHooks, UniqueCommandsAndMenuItems) {
     EXPECT_EQ(A_Err_PARAMETER, commands()->AEGP_InsertMenuCommand(second, "X", 42, -1));
     EXPECT_EQ(A_Err_PARAMETER, commands()->AEGP_EnableCommand(second));
     EXPECT_EQ(A_Err_PARAMETER, commands()->AEGP_GetUniqueCommand(nullptr));
+    auto* reg = registry();
+    EXPECT_EQ(A_Err_PARAMETER, reg->AEGP_RegisterCommandHook(1, AEGP_HP_BeforeAE, g_item, nullptr, nullptr));
+    EXPECT_EQ(A_Err_PARAMETER, reg->AEGP_RegisterCommandHook(1, 7, g_item, firstHook, nullptr));
+    EXPECT_EQ(A_Err_PARAMETER, reg->AEGP_RegisterCommandHook(1, AEGP_HP_BeforeAE, 123456, firstHook, nullptr));
+    EXPECT_EQ(A_Err_PARAMETER, reg->AEGP_RegisterIdleHook(1, nullptr, nullptr));
+    EXPECT_EQ(0u, h.hookCount());
 }
 
 TEST_F(HostHooks, BeforeHooksThenTheHostThenAfterHooksWithTheHandledFlagChained) {
@@ -184,28 +190,23 @@ TEST_F(HostHooks, ReportsAreKeptInOrderWithTheAlertsForFailedCommands) {
     EXPECT_EQ(4, h.reports()[2].plugin);
 }
 
+// One plug-in at a time (loading a module from a file ends in the same start).
 TEST_F(HostHooks, PluginsGetTheirRefconAndDieOnUnload) {
     ASSERT_EQ(A_Err_NONE, h.startPlugin(linkedEntry));
     EXPECT_TRUE(h.pluginLoaded());
+    EXPECT_NE(0, h.pluginId());
+    EXPECT_EQ(A_Err_GENERIC, h.startPlugin(linkedEntry));
     EXPECT_EQ(2u, h.hookCount());
     h.idle();
     EXPECT_EQ((std::vector<std::string>{"idle with refcon"}), g_log);
     h.unloadPlugin();
     EXPECT_EQ((std::vector<std::string>{"idle with refcon", "death"}), g_log);
     EXPECT_EQ(0u, h.hookCount());
+    EXPECT_EQ(0, h.pluginId());
     h.idle();
     EXPECT_EQ(2u, g_log.size());
     EXPECT_EQ(1, h.acquireCount(kAEGPRegisterSuite, 1));
     EXPECT_EQ(1, h.releaseCount(kAEGPRegisterSuite, 1));
-}
-
-TEST_F(HostHooks, BadRegistrationsAreRefused) {
-    auto* reg = registry();
-    EXPECT_EQ(A_Err_PARAMETER, reg->AEGP_RegisterCommandHook(1, AEGP_HP_BeforeAE, g_item, nullptr, nullptr));
-    EXPECT_EQ(A_Err_PARAMETER, reg->AEGP_RegisterCommandHook(1, 7, g_item, firstHook, nullptr));
-    EXPECT_EQ(A_Err_PARAMETER, reg->AEGP_RegisterCommandHook(1, AEGP_HP_BeforeAE, 123456, firstHook, nullptr));
-    EXPECT_EQ(A_Err_PARAMETER, reg->AEGP_RegisterIdleHook(1, nullptr, nullptr));
-    EXPECT_EQ(0u, h.hookCount());
 }
 
 }  // namespace

@@ -79,14 +79,6 @@ TEST_F(HostPanels, FirstToggleCreatesTheViewAndCallsTheHookThenShows) {
     EXPECT_EQ(1, front);
 }
 
-TEST_F(HostPanels, DrawingReachesTheViewsHandlers) {
-    EXPECT_EQ(eventNotHandledErr, h.drawPanel("DE_Orbisett v1.3").status);
-    h.togglePanel("DE_Orbisett v1.3");
-    EXPECT_TRUE(h.panelPaintsBackground("DE_Orbisett v1.3"));
-    EXPECT_EQ(noErr, h.drawPanel("DE_Orbisett v1.3").status);
-    EXPECT_EQ(1, g_created.draws);
-}
-
 TEST_F(HostPanels, LaterTogglesHideAndShowWithoutCreatingAgain) {
     ps->AEGP_ToggleVisibility(text("DE_Orbisett v1.3"));
     ps->AEGP_ToggleVisibility(text("DE_Orbisett v1.3"));
@@ -98,6 +90,14 @@ TEST_F(HostPanels, LaterTogglesHideAndShowWithoutCreatingAgain) {
     EXPECT_EQ(1, g_created.calls);
 }
 
+TEST_F(HostPanels, DrawingReachesTheViewsHandlers) {
+    EXPECT_EQ(eventNotHandledErr, h.drawPanel("DE_Orbisett v1.3").status);
+    h.togglePanel("DE_Orbisett v1.3");
+    EXPECT_TRUE(h.panelPaintsBackground("DE_Orbisett v1.3"));
+    EXPECT_EQ(noErr, h.drawPanel("DE_Orbisett v1.3").status);
+    EXPECT_EQ(1, g_created.draws);
+}
+
 TEST_F(HostPanels, SnapSizesComeFromThePluginsFunctions) {
     EXPECT_TRUE(h.panelSnapSizes("DE_Orbisett v1.3").empty());
     h.togglePanel("DE_Orbisett v1.3");
@@ -107,7 +107,7 @@ TEST_F(HostPanels, SnapSizesComeFromThePluginsFunctions) {
     EXPECT_EQ(240, sizes[0].y);
 }
 
-TEST_F(HostPanels, DisposingSendsTheDisposeEventAndTheNextToggleCreatesAgain) {
+TEST_F(HostPanels, DisposingSendsTheDisposeEventTheNextToggleCreatesAgainAndUnknownPanelsAreRefused) {
     h.togglePanel("DE_Orbisett v1.3");
     ControlRef first = g_created.view;
     AEGP_PanelH first_panel = g_created.panel;
@@ -121,9 +121,6 @@ TEST_F(HostPanels, DisposingSendsTheDisposeEventAndTheNextToggleCreatesAgain) {
     EXPECT_EQ(2, g_created.calls);
     EXPECT_NE(first_panel, g_created.panel);
     EXPECT_TRUE(h.panelShown("DE_Orbisett v1.3"));
-}
-
-TEST_F(HostPanels, UnknownPanelsAndDuplicateRegistrationsAreRefused) {
     EXPECT_EQ(A_Err_PARAMETER, ps->AEGP_ToggleVisibility(text("nobody")));
     EXPECT_EQ(A_Err_PARAMETER, ps->AEGP_RegisterCreatePanelHook(1, text("DE_Orbisett v1.3"), createPanel, nullptr, 1));
     A_Boolean shown = 7, front = 7;

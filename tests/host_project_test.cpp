@@ -9,7 +9,7 @@ using host::Vec3;
 
 namespace {
 
-TEST(HostProperty, InterpolatesLinearlyBetweenKeysAndHoldsOutside) {
+TEST(HostProperty, InterpolatesLinearlyBetweenKeysHoldsOutsideAndWithoutKeysHoldsTheValue) {
     host::Property p;
     p.value = Vec3{7, 7, 7};
     p.insertKey(A_Time{0, 30}, Vec3{0, 0, 0});
@@ -26,13 +26,11 @@ TEST(HostProperty, InterpolatesLinearlyBetweenKeysAndHoldsOutside) {
     far.insertKey(A_Time{4, 1}, Vec3{1e308, -1e308, 5});
     EXPECT_EQ(far.valueAt(A_Time{1, 1}), (Vec3{-0.5e308, 0.5e308, 5}));
     EXPECT_EQ(far.valueAt(A_Time{2, 1}), (Vec3{0, 0, 5}));
-}
-
-TEST(HostProperty, WithoutKeysTheStaticValueHoldsAtEveryTime) {
-    host::Property p;
-    p.value = Vec3{1, 2, 3};
-    EXPECT_EQ(p.valueAt(A_Time{-100, 1}), (Vec3{1, 2, 3}));
-    EXPECT_EQ(p.valueAt(A_Time{100, 1}), (Vec3{1, 2, 3}));
+    // Without keys the value holds at every time.
+    host::Property plain;
+    plain.value = Vec3{1, 2, 3};
+    EXPECT_EQ(plain.valueAt(A_Time{-100, 1}), (Vec3{1, 2, 3}));
+    EXPECT_EQ(plain.valueAt(A_Time{100, 1}), (Vec3{1, 2, 3}));
 }
 
 TEST(HostProperty, KeysStaySortedAndOnePerTime) {
@@ -49,7 +47,7 @@ TEST(HostProperty, KeysStaySortedAndOnePerTime) {
 
 using HostReading = HostFixture;
 
-TEST_F(HostReading, ActiveItemIsTheCompositionWithItsSize) {
+TEST_F(HostReading, ActiveItemIsTheCompositionWithItsSizeOrFootageOrNothing) {
     auto* is = items();
     auto* cs = comps();
     AEGP_ItemH item = nullptr;
@@ -68,18 +66,12 @@ TEST_F(HostReading, ActiveItemIsTheCompositionWithItsSize) {
     AEGP_ItemH back = nullptr;
     ASSERT_EQ(A_Err_NONE, cs->AEGP_GetItemFromComp(ch, &back));
     EXPECT_EQ(item, back);
-}
 
-TEST_F(HostReading, FootageOrNothingActive) {
-    auto* is = items();
-    auto* cs = comps();
     h.project().active = footage;
-    AEGP_ItemH item = nullptr;
     ASSERT_EQ(A_Err_NONE, is->AEGP_GetActiveItem(&item));
-    AEGP_ItemType type = 0;
     ASSERT_EQ(A_Err_NONE, is->AEGP_GetItemType(item, &type));
     EXPECT_EQ(AEGP_ItemType_FOOTAGE, type);
-    AEGP_CompH ch = h.compHandle(comp);
+    ch = h.compHandle(comp);
     ASSERT_EQ(A_Err_NONE, cs->AEGP_GetCompFromItem(item, &ch));
     EXPECT_EQ(nullptr, ch);
 
@@ -88,7 +80,7 @@ TEST_F(HostReading, FootageOrNothingActive) {
     EXPECT_EQ(nullptr, item);
 }
 
-TEST_F(HostReading, LayerOrderAndAttributesUseZeroBasedIndices) {
+TEST_F(HostReading, LayerOrderAttributesAndCurrentTime) {
     auto* ls = layers();
     auto* is = items();
     const AEGP_CompH ch = h.compHandle(comp);
@@ -119,10 +111,7 @@ TEST_F(HostReading, LayerOrderAndAttributesUseZeroBasedIndices) {
     EXPECT_EQ(300, hh);
     ASSERT_EQ(A_Err_NONE, ls->AEGP_GetLayerSourceItem(h.layerHandle(b), &source));
     EXPECT_EQ(nullptr, source);
-}
 
-TEST_F(HostReading, CurrentTimeIsTheCompositionsInBothModes) {
-    auto* ls = layers();
     for (AEGP_LTimeMode mode : {AEGP_LTimeMode_CompTime, AEGP_LTimeMode_LayerTime}) {
         A_Time t{0, 0};
         ASSERT_EQ(A_Err_NONE, ls->AEGP_GetLayerCurrentTime(h.layerHandle(a), mode, &t));
@@ -242,21 +231,18 @@ TEST(HostLayerList, KeepsOrderPlacesAndIdsAsAVectorWould) {
 // Finding a layer, its place, its source and its streams, and copying it, take a bounded number
 // of steps on a project of 100,000 layers: a search through the layers or the footage items
 // would take tens of thousands.
-TEST(HostLookup, HostCallsOnAHugeProjectDoNotWalkIt) {
-    host::Host h;
+using HostLookup = HostFixture;
+
+TEST_F(HostLookup, HostCallsOnAHugeProjectDoNotWalkIt) {
     host::Project& p = h.project();
-    const host::Id comp = p.addComp("Main", 1920, 1080);
+    const host::Id big = p.addComp("Big", 1920, 1080);
     std::vector<host::Id> ids;
     for (int i = 0; i < 100000; ++i) {
-        ids.push_back(p.addLayer(comp, "L", AEGP_ObjectType_AV, true, p.addFootage("F", 10 + i % 7, 10)));
+        ids.push_back(p.addLayer(big, "L", AEGP_ObjectType_AV, true, p.addFootage("F", 10 + i % 7, 10)));
     }
-    const void* table = nullptr;
-    ASSERT_EQ(A_Err_NONE, h.basicSuite()->AcquireSuite(kAEGPLayerSuite, 10, &table));
-    auto* ls = static_cast<const AEGP_LayerSuite10*>(table);
-    ASSERT_EQ(A_Err_NONE, h.basicSuite()->AcquireSuite(kAEGPItemSuite, 3, &table));
-    auto* is = static_cast<const AEGP_ItemSuite3*>(table);
-    ASSERT_EQ(A_Err_NONE, h.basicSuite()->AcquireSuite(kAEGPStreamSuite, 4, &table));
-    auto* ss = static_cast<const AEGP_StreamSuite4*>(table);
+    auto* ls = layers();
+    auto* is = items();
+    auto* ss = streams();
     p.layer(ids[0]);  // the first lookup indexes the layers once
 
     const std::size_t before = p.lookupVisits();
@@ -284,10 +270,7 @@ TEST(HostLookup, HostCallsOnAHugeProjectDoNotWalkIt) {
     }
     // A copy refreshes where the later blocks of 256 layers start: a few hundred steps.
     EXPECT_LT(static_cast<double>(p.lookupVisits() - before) / calls, 1000.0);
-    EXPECT_EQ(100000u + 101u, p.comp(comp)->layers.size());
-    h.basicSuite()->ReleaseSuite(kAEGPLayerSuite, 10);
-    h.basicSuite()->ReleaseSuite(kAEGPItemSuite, 3);
-    h.basicSuite()->ReleaseSuite(kAEGPStreamSuite, 4);
+    EXPECT_EQ(100000u + 101u, p.comp(big)->layers.size());
 }
 
 TEST_F(HostReading, ReorderMovesOneLayerToAnIndex) {

@@ -42,7 +42,7 @@ std::string messageOf(const std::string& text) {
     return "accepted";
 }
 
-TEST(HostScene, ReadsCompositionLayersKeysSelectionAndHost) {
+TEST(HostScene, ReadsCompositionLayersKeysSelectionAndTheHostsSuiteOffer) {
     const host::Scene scene = host::parseScene(kScene, "scene.json");
     EXPECT_FALSE(scene.panels);
     ASSERT_EQ(1u, scene.withhold.size());
@@ -67,17 +67,12 @@ TEST(HostScene, ReadsCompositionLayersKeysSelectionAndHost) {
     EXPECT_FALSE(c.layers[2].three_d);
     EXPECT_EQ((Vec3{100, 100, 100}), c.layers[2].prop(Prop::scale).value);
     EXPECT_EQ((std::vector<host::Id>{c.layers[1].id, c.layers[0].id}), c.selection);
-}
-
-TEST(HostScene, WithoutASelectionListSelectedLayersGoInFileOrder) {
+    // Without a selection list, selected layers go in file order.
     std::string text = kScene;
     text.replace(text.find("\"selection\": [2, 1],"), std::strlen("\"selection\": [2, 1],"), "");
-    const host::Scene scene = host::parseScene(text, "scene.json");
-    const host::Comp& c = scene.project.comps[0];
-    EXPECT_EQ((std::vector<host::Id>{c.layers[0].id, c.layers[1].id}), c.selection);
-}
-
-TEST(HostScene, ApplyingSetsTheHostsSuiteOffer) {
+    const host::Scene unlisted = host::parseScene(text, "scene.json");
+    const host::Comp& in_order = unlisted.project.comps[0];
+    EXPECT_EQ((std::vector<host::Id>{in_order.layers[0].id, in_order.layers[1].id}), in_order.selection);
     host::Host h;
     h.withholdSuite(kAEGPStreamSuite, 4);
     host::applyScene(h, host::parseScene(kScene, "scene.json"));
@@ -85,7 +80,7 @@ TEST(HostScene, ApplyingSetsTheHostsSuiteOffer) {
     EXPECT_EQ(3u, h.project().activeComp()->layers.size());
 }
 
-TEST(HostScene, WrittenScenesReadBackBitExact) {
+TEST(HostScene, WrittenAndSavedScenesReadBackBitExact) {
     host::Host h;
     host::applyScene(h, host::parseScene(kScene, "scene.json"));
     host::Comp& c = *h.project().activeComp();
@@ -110,6 +105,15 @@ TEST(HostScene, WrittenScenesReadBackBitExact) {
     host::Host again;
     host::applyScene(again, host::parseScene(text, "out.json"));
     EXPECT_EQ(text, host::sceneText(again, settings));
+    // Saved to a file and loaded back.
+    const std::string path = ::testing::TempDir() + "host_scene_saved.json";
+    host::saveScene(h, path, nlohmann::json{{"EDIT_DIM_X", "1200"}});
+    host::Host other;
+    nlohmann::json loaded;
+    host::loadScene(other, path, &loaded);
+    EXPECT_EQ("1200", loaded["EDIT_DIM_X"]);
+    EXPECT_EQ(host::sceneText(h), host::sceneText(other));
+    std::remove(path.c_str());
 }
 
 TEST(HostScene, OutputCarriesCopiesUndoGroupsReportsAndSettings) {
@@ -243,19 +247,6 @@ TEST(HostScene, ABadFileLeavesTheHostAsItWas) {
     } catch (const host::SceneError& e) {
         EXPECT_EQ(::testing::TempDir() + ": is a folder, not a scene file", e.what());
     }
-}
-
-TEST(HostScene, SavedFilesLoadBack) {
-    host::Host h;
-    host::applyScene(h, host::parseScene(kScene, "scene.json"));
-    const std::string path = ::testing::TempDir() + "host_scene_saved.json";
-    host::saveScene(h, path, nlohmann::json{{"EDIT_DIM_X", "1200"}});
-    host::Host other;
-    nlohmann::json settings;
-    host::loadScene(other, path, &settings);
-    EXPECT_EQ("1200", settings["EDIT_DIM_X"]);
-    EXPECT_EQ(host::sceneText(h), host::sceneText(other));
-    std::remove(path.c_str());
 }
 
 }  // namespace

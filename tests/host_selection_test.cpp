@@ -19,7 +19,7 @@ std::vector<AEGP_LayerH> itemsOf(const AEGP_CollectionSuite1* cs, AEGP_Collectio
     return out;
 }
 
-TEST_F(HostSelection, CollectionFromSelectionKeepsSelectionOrder) {
+TEST_F(HostSelection, CollectionFromSelectionKeepsSelectionOrderAndMayBeEmpty) {
     auto* cs = comps();
     auto* coll_suite = collections();
     h.project().select(comp, {c, a, b});
@@ -35,12 +35,8 @@ TEST_F(HostSelection, CollectionFromSelectionKeepsSelectionOrder) {
     A_u_long n = 99;
     EXPECT_EQ(A_Err_PARAMETER, coll_suite->AEGP_GetCollectionNumItems(coll, &n));
     EXPECT_EQ(99u, n);
-}
-
-TEST_F(HostSelection, EmptySelectionGivesAnEmptyCollection) {
-    auto* cs = comps();
-    auto* coll_suite = collections();
-    AEGP_CollectionH coll = nullptr;
+    // An empty selection gives an empty collection.
+    h.project().select(comp, {});
     ASSERT_EQ(A_Err_NONE, cs->AEGP_GetNewCollectionFromCompSelection(1, h.compHandle(comp), &coll));
     EXPECT_TRUE(itemsOf(coll_suite, coll).empty());
     AEGP_CollectionItemV1 item{};
@@ -48,7 +44,7 @@ TEST_F(HostSelection, EmptySelectionGivesAnEmptyCollection) {
     coll_suite->AEGP_DisposeCollection(coll);
 }
 
-TEST_F(HostSelection, SetSelectionReplacesItInCollectionOrder) {
+TEST_F(HostSelection, SetSelectionReplacesItInCollectionOrderWithLayersOfTheCompositionOnly) {
     auto* cs = comps();
     auto* coll_suite = collections();
     h.project().select(comp, {a, b, c});
@@ -63,18 +59,11 @@ TEST_F(HostSelection, SetSelectionReplacesItInCollectionOrder) {
     ASSERT_EQ(A_Err_NONE, cs->AEGP_SetSelection(h.compHandle(comp), coll));
     EXPECT_EQ((std::vector<host::Id>{c, b}), h.project().comp(comp)->selection);
     coll_suite->AEGP_DisposeCollection(coll);
-}
-
-TEST_F(HostSelection, OnlyLayersOfTheCompositionCanBeSelected) {
-    auto* cs = comps();
-    auto* coll_suite = collections();
+    // Only layers of the composition can be selected.
     const host::Id other = h.project().addComp("Other", 100, 100);
     const host::Id stranger = h.project().addLayer(other, "S", AEGP_ObjectType_AV, true);
     h.project().select(comp, {a});
-    AEGP_CollectionH coll = nullptr;
     ASSERT_EQ(A_Err_NONE, coll_suite->AEGP_NewCollection(1, &coll));
-    AEGP_CollectionItemV1 item{};
-    item.type = AEGP_CollectionItemType_LAYER;
     item.u.layer.layerH = h.layerHandle(stranger);
     ASSERT_EQ(A_Err_NONE, coll_suite->AEGP_CollectionPushBack(coll, &item));
     EXPECT_EQ(A_Err_PARAMETER, cs->AEGP_SetSelection(h.compHandle(comp), coll));

@@ -22,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(HostWriting, WithoutKeysTheStaticValueChanges) {
+TEST_F(HostWriting, WithoutKeysTheStaticValueChangesOneDValuesInTheirRotation) {
     AEGP_StreamRefH s = open(a, AEGP_LayerStream_POSITION);
     ASSERT_EQ(A_Err_NONE, write(s, 1.5, -2, 300));
     const host::Property& p = h.project().layer(a)->prop(Prop::position);
@@ -30,10 +30,7 @@ TEST_F(HostWriting, WithoutKeysTheStaticValueChanges) {
     EXPECT_TRUE(p.keys.empty());
     streams()->AEGP_DisposeStream(s);
     EXPECT_EQ(0u, h.openStreams());
-}
-
-TEST_F(HostWriting, OneDValuesGoToTheirRotation) {
-    AEGP_StreamRefH s = open(a, AEGP_LayerStream_ROTATE_Y);
+    s = open(a, AEGP_LayerStream_ROTATE_Y);
     AEGP_StreamValue v{};
     v.streamH = s;
     v.val.one_d = -30;
@@ -58,9 +55,18 @@ TEST_F(HostWriting, WithKeysTheKeyAtTheCurrentTimeIsSetOrAdded) {
     ASSERT_EQ(2u, p.keys.size());
     EXPECT_EQ(p.keys[1].value, (Vec3{90, 90, 90}));
     streams()->AEGP_DisposeStream(s);
+    // What a plug-in does for "insert a key, then write": one key at the current time.
+    s = open(b, AEGP_LayerStream_ORIENTATION);
+    const A_Time now{10, 30};
+    ASSERT_EQ(A_Err_NONE, keys()->AEGP_InsertKeyframe(s, AEGP_LTimeMode_CompTime, &now, nullptr));
+    ASSERT_EQ(A_Err_NONE, write(s, 0, 90, 0));
+    const host::Property& orientation = h.project().layer(b)->prop(Prop::orientation);
+    ASSERT_EQ(1u, orientation.keys.size());
+    EXPECT_EQ(orientation.keys[0].value, (Vec3{0, 90, 0}));
+    streams()->AEGP_DisposeStream(s);
 }
 
-TEST_F(HostWriting, InsertKeyframeHoldsTheValueThereAndReturnsItsIndex) {
+TEST_F(HostWriting, InsertKeyframeHoldsTheValueThereAndBadStreamsAndValuesAreRefused) {
     host::Property& p = h.project().layer(a)->prop(Prop::position);
     p.insertKey(A_Time{0, 30}, Vec3{0, 0, 0});
     p.insertKey(A_Time{20, 30}, Vec3{20, 40, 60});
@@ -79,22 +85,7 @@ TEST_F(HostWriting, InsertKeyframeHoldsTheValueThereAndReturnsItsIndex) {
     EXPECT_EQ(3, n);
     EXPECT_EQ(p.keys[2].value, (Vec3{20, 40, 60}));
     streams()->AEGP_DisposeStream(s);
-}
-
-TEST_F(HostWriting, KeyThenValueMakesOneKeyWithTheValue) {
-    // What a plug-in does for "insert a key, then write": one key at the current time.
-    AEGP_StreamRefH s = open(b, AEGP_LayerStream_ORIENTATION);
-    const A_Time now{10, 30};
-    ASSERT_EQ(A_Err_NONE, keys()->AEGP_InsertKeyframe(s, AEGP_LTimeMode_CompTime, &now, nullptr));
-    ASSERT_EQ(A_Err_NONE, write(s, 0, 90, 0));
-    const host::Property& p = h.project().layer(b)->prop(Prop::orientation);
-    ASSERT_EQ(1u, p.keys.size());
-    EXPECT_EQ(p.keys[0].value, (Vec3{0, 90, 0}));
-    streams()->AEGP_DisposeStream(s);
-}
-
-TEST_F(HostWriting, BadStreamsAndValuesAreRefused) {
-    AEGP_StreamRefH s = nullptr;
+    // Bad streams and values are refused.
     EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_OPACITY, &s));
     EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_POSITION, nullptr));
     EXPECT_EQ(0u, h.openStreams());
@@ -109,7 +100,6 @@ TEST_F(HostWriting, BadStreamsAndValuesAreRefused) {
     // A stream of a layer that is gone.
     h.project().comp(comp)->layers.erase(h.project().comp(comp)->layers.begin());
     EXPECT_EQ(A_Err_PARAMETER, write(s, 1, 2, 3));
-    A_long n = 0;
     EXPECT_EQ(A_Err_PARAMETER, keys()->AEGP_GetStreamNumKFs(s, &n));
     EXPECT_EQ(2u, h.openStreams());
     streams()->AEGP_DisposeStream(s);

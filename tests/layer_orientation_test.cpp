@@ -63,16 +63,12 @@ void expect_back(Angles actual)
 
 // ---- The four sides ------------------------------------------------------------------------------
 
-TEST_F(LayerOrientationTest, OutwardAtFrontRightBackLeft)
+TEST_F(LayerOrientationTest, OutwardAtFrontRightBackLeftAndInwardAHalfCircleMore)
 {
     expect_angles({-0.0, -0.0, -0.0}, orient(Vector(0, 0, 1)));
     expect_angles({-0.0, -90, 0}, orient(Vector(1, 0, 0)));
     expect_back(orient(Vector(0, 0, -1)));
     expect_angles({-0.0, 90, 0}, orient(Vector(-1, 0, 0)));
-}
-
-TEST_F(LayerOrientationTest, InwardTurnsAHalfCircleMore)
-{
     inward();
     expect_angles({-0.0, 180, -0.0}, orient(Vector(0, 0, 1)));
     expect_angles({-0.0, 90, 0}, orient(Vector(1, 0, 0)));
@@ -82,7 +78,7 @@ TEST_F(LayerOrientationTest, InwardTurnsAHalfCircleMore)
 
 // ---- Halves of the cylinder -----------------------------------------------------------------------
 
-TEST_F(LayerOrientationTest, FrontHalfTurnsOnlyAboutTheVertical)
+TEST_F(LayerOrientationTest, FrontHalfTurnsOnlyAboutTheVerticalBackHalfFlipsXAndZ)
 {
     for (double degrees : {10.0, 45.0, 80.0}) {
         const Angles r = orient(at(degrees));
@@ -96,10 +92,6 @@ TEST_F(LayerOrientationTest, FrontHalfTurnsOnlyAboutTheVertical)
         EXPECT_NEAR(360 - degrees, r.y, 1e-12) << degrees;
         expect_same(-0.0, r.z, "Z");
     }
-}
-
-TEST_F(LayerOrientationTest, BackHalfFlipsXAndZ)
-{
     for (double degrees : {100.0, 135.0, 180.0, 225.0, 260.0}) {
         const Angles r = orient(at(degrees));
         EXPECT_EQ(-180, r.x) << degrees;
@@ -108,7 +100,7 @@ TEST_F(LayerOrientationTest, BackHalfFlipsXAndZ)
     }
 }
 
-TEST_F(LayerOrientationTest, NearlySidewaysNormalTakesTheSideRule)
+TEST_F(LayerOrientationTest, NearlySidewaysNormalTakesTheSideRuleAndAZeroNormalFacesFront)
 {
     // cos phi = 5e-13 is within 1e-12 of the side: no turn about X or Z, and Z stays +0.
     const Angles r = orient(Vector(1, 0, 5e-13));
@@ -118,10 +110,7 @@ TEST_F(LayerOrientationTest, NearlySidewaysNormalTakesTheSideRule)
     // Just beyond the threshold the front-half rule applies, with its negative zero.
     const Angles front = orient(Vector(1, 0, 1e-11));
     expect_same(-0.0, front.z, "Z");
-}
-
-TEST_F(LayerOrientationTest, ZeroNormal)
-{
+    // A zero normal.
     expect_angles({-0.0, -0.0, 0}, orient(Vector(0, 0, 0)));
     inward();
     expect_angles({-0.0, 180, 0}, orient(Vector(0, 0, 0)));

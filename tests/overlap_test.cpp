@@ -33,7 +33,7 @@ protected:
 
 // ---- Footprints ----------------------------------------------------------------------------------
 
-TEST_F(OverlapTest, FootprintAtTheFrontStraddlesTheFrontMeridian)
+TEST_F(OverlapTest, FootprintsRunTowardIncreasingAngleAndStraddleTheFrontMeridian)
 {
     dlg().add_volume(Vector(0, 0, 500), A_LPoint{100, 100});
     ASSERT_EQ(1u, state().volumes.size());
@@ -42,10 +42,7 @@ TEST_F(OverlapTest, FootprintAtTheFrontStraddlesTheFrontMeridian)
     EXPECT_NEAR(std::atan(0.1), v.phi_end, 1e-12);
     EXPECT_EQ(-50, v.h_low);
     EXPECT_EQ(50, v.h_high);
-}
-
-TEST_F(OverlapTest, FootprintRunsTowardIncreasingAngle)
-{
+    state().volumes.clear();
     dlg().add_volume(Vector(500, 20, 0), A_LPoint{200, 40});
     dlg().add_volume(Vector(0, -7, -500), A_LPoint{100, 10});
     ASSERT_EQ(2u, state().volumes.size());
@@ -63,7 +60,7 @@ TEST_F(OverlapTest, FootprintRunsTowardIncreasingAngle)
 
 // ---- Bands ---------------------------------------------------------------------------------------
 
-TEST_F(OverlapTest, BandAcrossTheFrontMeridian)
+TEST_F(OverlapTest, BandsHoldTheirAnglesAndHeightsEdgesIncluded)
 {
     const SolidAngle b = band(350, 10, -50, 50);
     EXPECT_TRUE(contains(b, at(5, 0)));
@@ -76,50 +73,44 @@ TEST_F(OverlapTest, BandAcrossTheFrontMeridian)
     EXPECT_FALSE(contains(band(10, 100, -50, 50), at(5, 0)));
     EXPECT_TRUE(contains(band(10, 100, -50, 50), at(50, 0)));
     EXPECT_FALSE(contains(band(10, 100, -50, 50), at(150, 0)));
-}
-
-TEST_F(OverlapTest, BandWiderThanHalfATurnCountsAsStraddlingAndHoldsEveryAngle)
-{
-    const SolidAngle b = band(10, 200, 0, 10);
+    // A band wider than half a turn counts as straddling and holds every angle.
+    const SolidAngle wide = band(10, 200, 0, 10);
     for (double a : {0.0, 5.0, 90.0, 205.0, 300.0, 359.0}) {
-        EXPECT_TRUE(contains(b, at(a, 5))) << a << " degrees";
+        EXPECT_TRUE(contains(wide, at(a, 5))) << a << " degrees";
     }
-    EXPECT_FALSE(contains(b, at(90, 11)));
-}
-
-TEST_F(OverlapTest, BandEdgesAreInside)
-{
+    EXPECT_FALSE(contains(wide, at(90, 11)));
+    // Edges are inside.
     const Vector q = at(37, 12.5);
     const double phi = dlg().cart_to_cyl(q).y;
     EXPECT_TRUE(contains(SolidAngle{phi, phi + 0.1, 12.5, 20}, q));
     EXPECT_TRUE(contains(SolidAngle{phi - 0.1, phi, 0, 12.5}, q));
     EXPECT_FALSE(contains(SolidAngle{phi - 0.1, phi, 0, 12.25}, q));
     EXPECT_FALSE(contains(SolidAngle{std::nextafter(phi, 10.0), phi + 0.1, 0, 20}, q));
-}
-
-TEST_F(OverlapTest, HeightOnlyIgnoresTheAngle)
-{
-    const SolidAngle b = band(5, 6, -5, 5);
-    EXPECT_TRUE(contains(b, at(180, 0), true));
-    EXPECT_FALSE(contains(b, at(180, 0), false));
-    EXPECT_FALSE(contains(b, at(5.5, 6), true));
+    // Height only ignores the angle.
+    const SolidAngle narrow = band(5, 6, -5, 5);
+    EXPECT_TRUE(contains(narrow, at(180, 0), true));
+    EXPECT_FALSE(contains(narrow, at(180, 0), false));
+    EXPECT_FALSE(contains(narrow, at(5.5, 6), true));
 }
 
 // ---- Candidates against placed layers ------------------------------------------------------------
 
-TEST_F(OverlapTest, WithoutDontIntersectNothingOverlaps)
+TEST_F(OverlapTest, CandidatesOverlapPlacedLayersOnlyWithDontIntersect)
 {
     dlg().add_volume(at(0, 0), A_LPoint{100, 100});
     EXPECT_FALSE(intersects(at(0, 0), A_LPoint{100, 100}));
     EXPECT_FALSE(intersects(at(0, 0), A_LPoint{100, 100}, true));
-}
-
-TEST_F(OverlapTest, CandidateOnTopOfAPlacedLayerOverlaps)
-{
     set_bool(CHECK_DONT_INTERSECT, true);
-    dlg().add_volume(at(0, 0), A_LPoint{100, 100});
     EXPECT_TRUE(intersects(at(0, 0), A_LPoint{100, 100}));
     EXPECT_FALSE(intersects(at(90, 0), A_LPoint{100, 100}));
+    // Lower corners on the top edge overlap.
+    EXPECT_TRUE(intersects(at(0, 100), A_LPoint{100, 100}));
+    EXPECT_FALSE(intersects(at(0, 101), A_LPoint{100, 100}));
+    // Height only finds a layer at another angle, directly above the other side: the lower corners
+    // at 40 are within -50..50.
+    EXPECT_FALSE(intersects(at(180, 90), A_LPoint{100, 100}, false));
+    EXPECT_TRUE(intersects(at(180, 90), A_LPoint{100, 100}, true));
+    EXPECT_FALSE(intersects(at(180, 160), A_LPoint{100, 100}, true));
 }
 
 TEST_F(OverlapTest, OnlyTheCandidatesPointsAreTested)
@@ -132,24 +123,6 @@ TEST_F(OverlapTest, OnlyTheCandidatesPointsAreTested)
     state().volumes.clear();
     dlg().add_volume(at(20, 0), A_LPoint{2000, 2000});
     EXPECT_TRUE(intersects(at(0, 0), A_LPoint{10, 10}));
-}
-
-TEST_F(OverlapTest, LowerCornersOnTheTopEdgeOverlap)
-{
-    set_bool(CHECK_DONT_INTERSECT, true);
-    dlg().add_volume(at(0, 0), A_LPoint{100, 100});
-    EXPECT_TRUE(intersects(at(0, 100), A_LPoint{100, 100}));
-    EXPECT_FALSE(intersects(at(0, 101), A_LPoint{100, 100}));
-}
-
-TEST_F(OverlapTest, HeightOnlyFindsALayerAtAnotherAngle)
-{
-    set_bool(CHECK_DONT_INTERSECT, true);
-    dlg().add_volume(at(0, 0), A_LPoint{100, 100});
-    // Directly above the other side: the lower corners at 40 are within -50..50.
-    EXPECT_TRUE(intersects(at(180, 90), A_LPoint{100, 100}, true));
-    EXPECT_FALSE(intersects(at(180, 90), A_LPoint{100, 100}, false));
-    EXPECT_FALSE(intersects(at(180, 160), A_LPoint{100, 100}, true));
 }
 
 } // namespace

@@ -11,7 +11,7 @@ ControlFontStyleRec miniStyle() {
   return style;
 }
 
-TEST_F(ControlTest, ValueIsClampedToTheLimits) {
+TEST_F(ControlTest, ValueIsClampedToTheLimitsWhichRunFromZeroToOneForBoxesAndRadios) {
   Rect r{0, 0, 20, 100};
   ControlRef c = nullptr;
   ASSERT_EQ(noErr, CreatePushButtonControl(nullptr, &r, nullptr, &c));
@@ -26,22 +26,19 @@ TEST_F(ControlTest, ValueIsClampedToTheLimits) {
   SetControl32BitMaximum(c, 5);
   EXPECT_EQ(5, GetControl32BitValue(c)); // lowered with the maximum
   DisposeControl(c);
-}
-
-TEST_F(ControlTest, CheckBoxesAndRadiosRunFromZeroToOne) {
   WindowRef w = makeWindow();
   ControlRef box = makeCheckBox(w, "Box", 5);
   EXPECT_EQ(0, GetControl32BitMinimum(box));
   EXPECT_EQ(1, GetControl32BitMaximum(box));
   EXPECT_EQ(1, GetControl32BitValue(box));
-  Rect r{0, 0, 13, 60};
+  r = Rect{0, 0, 13, 60};
   ControlRef radio = nullptr;
   ASSERT_EQ(noErr, CreateRadioButtonControl(w, &r, nullptr, 0, true, &radio));
   SetControl32BitValue(radio, 2);
   EXPECT_EQ(1, GetControl32BitValue(radio));
 }
 
-TEST_F(ControlTest, PopupMaximumDoesNotFollowItsMenu) {
+TEST_F(ControlTest, PopupMaximumDoesNotFollowItsMenuWhoseItemsInsertAfterAnIndex) {
   Rect r{0, 0, 20, 120};
   ControlRef popup = nullptr;
   ASSERT_EQ(noErr, CreatePopupButtonControl(nullptr, &r, nullptr, -12345, false, -1, teFlushLeft, 0, &popup));
@@ -65,10 +62,7 @@ TEST_F(ControlTest, PopupMaximumDoesNotFollowItsMenu) {
   EXPECT_EQ(menu, read);
   DisposeControl(popup); // the popup owned the menu
   EXPECT_EQ(0u, platform::liveCounts().menus);
-}
-
-TEST_F(ControlTest, MenuItemsInsertAfterAnIndexAndDeleteByPosition) {
-  MenuRef menu = nullptr;
+  // Menu items insert after an index and are deleted by position.
   ASSERT_EQ(noErr, CreateNewMenu(1, 0, &menu));
   Str a("a"), b("b"), c("c");
   InsertMenuItemTextWithCFString(menu, a, 0, 0, 0);
@@ -87,7 +81,7 @@ TEST_F(ControlTest, MenuItemsInsertAfterAnIndexAndDeleteByPosition) {
   EXPECT_EQ(0u, platform::liveCounts().menus);
 }
 
-TEST_F(ControlTest, TextDataIsCopiedInAndOut) {
+TEST_F(ControlTest, TextDataIsCopiedInAndOutAndTagsBelongToTheirKinds) {
   Rect r{0, 0, 13, 80};
   ControlRef edit = nullptr;
   ControlFontStyleRec style = miniStyle();
@@ -110,10 +104,7 @@ TEST_F(ControlTest, TextDataIsCopiedInAndOut) {
   EXPECT_EQ(errDataSizeMismatch, SetControlData(edit, 0, kControlEditTextCFStringTag, 1, &out));
   EXPECT_EQ(0u, platform::liveCounts().strings);
   DisposeControl(edit);
-}
-
-TEST_F(ControlTest, TagsBelongToTheirKinds) {
-  Rect r{0, 0, 13, 80};
+  // Tags belong to their kinds.
   ControlRef label = nullptr;
   ASSERT_EQ(noErr, CreateStaticTextControl(nullptr, &r, nullptr, nullptr, &label));
   Boolean multiline = true;
@@ -124,8 +115,8 @@ TEST_F(ControlTest, TagsBelongToTheirKinds) {
   ControlRef button = nullptr;
   ASSERT_EQ(noErr, CreatePushButtonControl(nullptr, &r, nullptr, &button));
   EXPECT_EQ(errDataNotSupported, SetControlData(button, 0, kControlStaticTextIsMultilineTag, sizeof multiline, &multiline));
-  ControlSize size = kControlSizeSmall;
-  EXPECT_EQ(noErr, SetControlData(button, 0, kControlSizeTag, sizeof size, &size));
+  ControlSize small = kControlSizeSmall;
+  EXPECT_EQ(noErr, SetControlData(button, 0, kControlSizeTag, sizeof small, &small));
   Size needed = 0;
   EXPECT_EQ(noErr, GetControlDataSize(button, 0, kControlSizeTag, &needed));
   EXPECT_EQ(static_cast<Size>(sizeof(ControlSize)), needed);
@@ -137,7 +128,7 @@ TEST_F(ControlTest, TagsBelongToTheirKinds) {
   DisposeControl(button);
 }
 
-TEST_F(ControlTest, IdsCommandsAndStateAreKept) {
+TEST_F(ControlTest, IdsCommandsAndStateAreKeptAndStaleReferencesAreHarmless) {
   WindowRef w = makeWindow();
   ControlRef box = makeCheckBox(w, "Box", 0, 42);
   ControlID id{};
@@ -157,6 +148,13 @@ TEST_F(ControlTest, IdsCommandsAndStateAreKept) {
   DisableControl(box);
   EXPECT_FALSE(IsControlVisible(box));
   EXPECT_FALSE(IsControlEnabled(box));
+  // Stale references are harmless.
+  DisposeWindow(w);
+  SetControl32BitValue(box, 1);
+  EXPECT_EQ(0, GetControl32BitValue(box));
+  EXPECT_EQ(errUnknownControl, SetControlTitleWithCFString(box, nullptr));
+  Rect r{};
+  EXPECT_EQ(0, GetControlBounds(box, &r)->right);
 }
 
 TEST_F(ControlTest, ViewsKeepOneSuperviewAndOrderBackToFront) {
@@ -185,7 +183,7 @@ TEST_F(ControlTest, ViewsKeepOneSuperviewAndOrderBackToFront) {
   EXPECT_EQ(0u, platform::liveCounts().controls);
 }
 
-TEST_F(ControlTest, ThemeTextDimensionsComeFromTheWidthTable) {
+TEST_F(ControlTest, ThemeTextDimensionsComeFromTheWidthTableAndFontsByPascalName) {
   Str apply("Apply");
   Point p{0, 0};
   SInt16 baseline = 0;
@@ -202,6 +200,10 @@ TEST_F(ControlTest, ThemeTextDimensionsComeFromTheWidthTable) {
   p = Point{0, 30};
   ASSERT_EQ(noErr, GetThemeTextDimensions(words, kThemeSmallSystemFont, kThemeStateActive, true, &p, nullptr));
   EXPECT_EQ(42, p.v); // "one two" is 38 pixels wide: one word a line
+  const unsigned char courier[] = "\x07" "Courier";
+  const unsigned char unknown[] = "\x05" "Nadir";
+  EXPECT_EQ(kFontIDCourier, FMGetFontFamilyFromName(courier));
+  EXPECT_EQ(kInvalidFontFamily, FMGetFontFamilyFromName(unknown));
 }
 
 TEST_F(ControlTest, BestRectsFollowTheTitle) {
@@ -232,24 +234,6 @@ TEST_F(ControlTest, BestRectsFollowTheTitle) {
   ASSERT_EQ(noErr, CreateStaticTextControl(w, &r, apply, nullptr, &label));
   ASSERT_EQ(noErr, GetBestControlRect(label, &best, &baseline));
   EXPECT_EQ((Rect{0, 0, 0, 0}), best);
-}
-
-TEST_F(ControlTest, FontFamiliesByPascalName) {
-  const unsigned char courier[] = "\x07" "Courier";
-  const unsigned char unknown[] = "\x05" "Nadir";
-  EXPECT_EQ(kFontIDCourier, FMGetFontFamilyFromName(courier));
-  EXPECT_EQ(kInvalidFontFamily, FMGetFontFamilyFromName(unknown));
-}
-
-TEST_F(ControlTest, StaleReferencesAreHarmless) {
-  WindowRef w = makeWindow();
-  ControlRef box = makeCheckBox(w, "Box");
-  DisposeWindow(w);
-  SetControl32BitValue(box, 1);
-  EXPECT_EQ(0, GetControl32BitValue(box));
-  EXPECT_EQ(errUnknownControl, SetControlTitleWithCFString(box, nullptr));
-  Rect r{};
-  EXPECT_EQ(0, GetControlBounds(box, &r)->right);
 }
 
 } // namespace

@@ -38,7 +38,7 @@ void countCommands(ControlRef c, Counter& counter) {
   ASSERT_EQ(noErr, InstallEventHandler(GetControlEventTarget(c), count, 2, specs, &counter, nullptr));
 }
 
-TEST_F(DriverTest, ClickTogglesBeforeTheCommandIsSent) {
+TEST_F(DriverTest, ClickTogglesBeforeTheCommandIsSentUnlessRefused) {
   WindowRef w = makeWindow();
   ShowWindow(w);
   ControlRef box = makeCheckBox(w, "Box");
@@ -64,30 +64,29 @@ TEST_F(DriverTest, ClickTogglesBeforeTheCommandIsSent) {
   platform::click(radio);
   platform::click(radio);
   EXPECT_EQ(1, GetControl32BitValue(radio)); // a radio only turns on
-}
 
-TEST_F(DriverTest, HiddenDisabledAndHiddenWindowAreRefusedUnlessForced) {
-  WindowRef w = makeWindow();
-  ControlRef box = makeCheckBox(w, "Box");
+  // A hidden window, a hidden or disabled control are refused unless forced.
+  WindowRef hidden = makeWindow();
+  ControlRef refused = makeCheckBox(hidden, "Box");
   Counter counter;
-  countCommands(box, counter);
-  EXPECT_EQ(platform::kDriverWindowHidden, platform::click(box).refused);
-  ShowWindow(w);
-  HideControl(box);
-  EXPECT_EQ(platform::kDriverControlHidden, platform::click(box).refused);
-  ShowControl(box);
-  DisableControl(box);
-  EXPECT_EQ(platform::kDriverControlDisabled, platform::click(box).refused);
-  EXPECT_EQ(0, GetControl32BitValue(box));
+  countCommands(refused, counter);
+  EXPECT_EQ(platform::kDriverWindowHidden, platform::click(refused).refused);
+  ShowWindow(hidden);
+  HideControl(refused);
+  EXPECT_EQ(platform::kDriverControlHidden, platform::click(refused).refused);
+  ShowControl(refused);
+  DisableControl(refused);
+  EXPECT_EQ(platform::kDriverControlDisabled, platform::click(refused).refused);
+  EXPECT_EQ(0, GetControl32BitValue(refused));
   EXPECT_EQ(0, counter.commands);
-  platform::Outcome forced = platform::click(box, platform::Force::yes);
+  platform::Outcome forced = platform::click(refused, platform::Force::yes);
   EXPECT_TRUE(forced.ok());
   EXPECT_EQ(noErr, forced.eventStatus);
-  EXPECT_EQ(1, GetControl32BitValue(box));
+  EXPECT_EQ(1, GetControl32BitValue(refused));
   EXPECT_EQ(1, counter.commands);
 }
 
-TEST_F(DriverTest, HiddenContainerHidesItsControls) {
+TEST_F(DriverTest, FindsControlsByIdInWindowsAndViewsHiddenWithTheirContainer) {
   ControlRef panel = platform::createPanelView(Rect{0, 0, 200, 300});
   ControlRef box = makeCheckBox(nullptr, "Box");
   HIViewAddSubview(panel, box);
@@ -95,9 +94,16 @@ TEST_F(DriverTest, HiddenContainerHidesItsControls) {
   platform::showPanelView(panel, false);
   EXPECT_EQ(platform::kDriverControlHidden, platform::click(box).refused);
   EXPECT_FALSE(platform::isEffectivelyVisible(box));
+  WindowRef w = makeWindow();
+  ControlRef found = makeCheckBox(w, "Box", 0, 7);
+  EXPECT_EQ(found, platform::findControlById(w, 7));
+  EXPECT_EQ(found, platform::findControlById(platform::rootView(w), 7));
+  EXPECT_EQ(nullptr, platform::findControlById(w, 8));
+  EXPECT_EQ("cbox", platform::controlKindName(found));
+  EXPECT_EQ((std::vector<WindowRef>{w}), platform::windows());
 }
 
-TEST_F(DriverTest, TypingReplacesTheTextOfEditFieldsOnly) {
+TEST_F(DriverTest, TypingReplacesTheTextOfEditFieldsAndChoosingAPopupItemSendsTheCommand) {
   WindowRef w = makeWindow();
   ShowWindow(w);
   Rect r{0, 0, 13, 80};
@@ -112,12 +118,7 @@ TEST_F(DriverTest, TypingReplacesTheTextOfEditFieldsOnly) {
   EXPECT_EQ("1200", platform::controlText(edit));
   EXPECT_TRUE(platform::typeText(edit, "7", platform::Force::yes).ok());
   EXPECT_EQ("7", platform::controlText(edit));
-}
-
-TEST_F(DriverTest, ChoosingAPopupItemSetsTheValueAndSendsTheCommand) {
-  WindowRef w = makeWindow();
-  ShowWindow(w);
-  Rect r{0, 0, 20, 120};
+  r = Rect{0, 0, 20, 120};
   ControlRef popup = nullptr;
   CreatePopupButtonControl(w, &r, nullptr, -12345, false, -1, 0, 0, &popup);
   MenuRef menu = nullptr;
@@ -161,16 +162,6 @@ TEST_F(DriverTest, PanelViewsDrawAndDisposeWithTheirSubviews) {
   EXPECT_EQ(0u, platform::liveCounts().controls);
   EXPECT_EQ(0u, platform::liveCounts().handlers);
   EXPECT_EQ(eventNotHandledErr, platform::drawView(panel).status);
-}
-
-TEST_F(DriverTest, FindsControlsByIdInWindowsAndViews) {
-  WindowRef w = makeWindow();
-  ControlRef box = makeCheckBox(w, "Box", 0, 7);
-  EXPECT_EQ(box, platform::findControlById(w, 7));
-  EXPECT_EQ(box, platform::findControlById(platform::rootView(w), 7));
-  EXPECT_EQ(nullptr, platform::findControlById(w, 8));
-  EXPECT_EQ("cbox", platform::controlKindName(box));
-  EXPECT_EQ((std::vector<WindowRef>{w}), platform::windows());
 }
 
 TEST_F(DriverTest, DefaultDisplayAndReplacedList) {

@@ -5,7 +5,19 @@
 
 namespace {
 
-using EventTest = PlatformTest;
+// A shown window with a check box, and a log for the handlers' names.
+class EventTest : public PlatformTest {
+protected:
+  void SetUp() override {
+    PlatformTest::SetUp();
+    w = makeWindow();
+    ShowWindow(w);
+    box = makeCheckBox(w, "Box");
+  }
+  WindowRef w = nullptr;
+  ControlRef box = nullptr;
+  std::vector<std::string> log;
+};
 
 // A handler that logs its name and answers a fixed status.
 struct Probe {
@@ -43,10 +55,6 @@ EventHandlerRef install(EventTargetRef target, Probe& probe, const EventTypeSpec
 }
 
 TEST_F(EventTest, MostRecentHandlerRunsFirstAndAHandledEventStops) {
-  WindowRef w = makeWindow();
-  ShowWindow(w);
-  ControlRef box = makeCheckBox(w, "Box");
-  std::vector<std::string> log;
   Probe first{&log, "first"}, second{&log, "second", noErr}, third{&log, "third"};
   install(GetControlEventTarget(box), first);
   install(GetControlEventTarget(box), second);
@@ -57,9 +65,14 @@ TEST_F(EventTest, MostRecentHandlerRunsFirstAndAHandledEventStops) {
   EXPECT_EQ((std::vector<std::string>{"third", "second"}), log);
 }
 
+TEST_F(EventTest, HandlersOnlySeeTheKindsTheyAskedFor) {
+  Probe drawOnly{&log, "draw"};
+  install(GetControlEventTarget(box), drawOnly, EventTypeSpec{kEventClassControl, kEventControlDraw});
+  EXPECT_EQ(eventNotHandledErr, platform::click(box).eventStatus);
+  EXPECT_TRUE(log.empty());
+}
+
 TEST_F(EventTest, CommandsTravelUpTheViewsThenToTheWindow) {
-  WindowRef w = makeWindow();
-  ShowWindow(w);
   ControlRef root = platform::rootView(w);
   Rect r{0, 0, 100, 100};
   ControlRef group = nullptr;
@@ -69,7 +82,6 @@ TEST_F(EventTest, CommandsTravelUpTheViewsThenToTheWindow) {
   ASSERT_EQ(noErr, CreatePushButtonControl(nullptr, &r, nullptr, &button));
   ASSERT_EQ(noErr, HIViewAddSubview(group, button));
   SetControlCommandID(button, 'D' << 24 | 'A' << 16 | 'D' << 8 | 'M');
-  std::vector<std::string> log;
   Probe onButton{&log, "button"}, onGroup{&log, "group"}, onRoot{&log, "root"}, onWindow{&log, "window", noErr};
   install(GetControlEventTarget(button), onButton);
   install(GetControlEventTarget(group), onGroup);
@@ -81,22 +93,7 @@ TEST_F(EventTest, CommandsTravelUpTheViewsThenToTheWindow) {
   EXPECT_EQ(button, onWindow.sourceSeen);
 }
 
-TEST_F(EventTest, HandlersOnlySeeTheKindsTheyAskedFor) {
-  WindowRef w = makeWindow();
-  ShowWindow(w);
-  ControlRef box = makeCheckBox(w, "Box");
-  std::vector<std::string> log;
-  Probe drawOnly{&log, "draw"};
-  install(GetControlEventTarget(box), drawOnly, EventTypeSpec{kEventClassControl, kEventControlDraw});
-  EXPECT_EQ(eventNotHandledErr, platform::click(box).eventStatus);
-  EXPECT_TRUE(log.empty());
-}
-
 TEST_F(EventTest, AHandlerMayRemoveALaterHandlerWhileDispatching) {
-  WindowRef w = makeWindow();
-  ShowWindow(w);
-  ControlRef box = makeCheckBox(w, "Box");
-  std::vector<std::string> log;
   Probe older{&log, "older"}, newer{&log, "newer"};
   EventHandlerRef olderRef = install(GetControlEventTarget(box), older);
   EventHandlerRef newerRef = install(GetControlEventTarget(box), newer);
@@ -109,10 +106,6 @@ TEST_F(EventTest, AHandlerMayRemoveALaterHandlerWhileDispatching) {
 }
 
 TEST_F(EventTest, AHandlerMayDisposeTheWindowOfTheControlBeingClicked) {
-  WindowRef w = makeWindow();
-  ShowWindow(w);
-  ControlRef box = makeCheckBox(w, "Box");
-  std::vector<std::string> log;
   Probe windowProbe{&log, "window"};
   Probe disposer{&log, "disposer"};
   disposer.disposeOnCall = w;
@@ -133,10 +126,6 @@ OSStatus callNext(EventHandlerCallRef call, EventRef event, void* data) {
 }
 
 TEST_F(EventTest, CallNextEventHandlerRunsTheOlderHandlersOnce) {
-  WindowRef w = makeWindow();
-  ShowWindow(w);
-  ControlRef box = makeCheckBox(w, "Box");
-  std::vector<std::string> log;
   Probe older{&log, "older", noErr};
   install(GetControlEventTarget(box), older);
   InstallEventHandler(GetControlEventTarget(box), callNext, 1, &kCommand, &log, nullptr);
@@ -144,7 +133,7 @@ TEST_F(EventTest, CallNextEventHandlerRunsTheOlderHandlersOnce) {
   EXPECT_EQ((std::vector<std::string>{"before", "older", "next handled"}), log);
 }
 
-TEST_F(EventTest, ParametersAreTypedAndSized) {
+TEST_F(EventTest, ParametersAreTypedAndSizedAndUnknownTargetsRefused) {
   EventRef event = nullptr;
   ASSERT_EQ(noErr, CreateEvent(nullptr, kEventClassControl, kEventControlDraw, 0, kEventAttributeNone, &event));
   CGContextRef context = platform::createRecordingContext();
@@ -165,9 +154,6 @@ TEST_F(EventTest, ParametersAreTypedAndSized) {
   EXPECT_EQ(kEventControlDraw, GetEventKind(event));
   ReleaseEvent(event);
   platform::releaseRecordingContext(context);
-}
-
-TEST_F(EventTest, InstallingOnAnUnknownTargetFails) {
   Probe p{nullptr, "x"};
   EXPECT_EQ(paramErr, InstallEventHandler(nullptr, probeHandler, 1, &kCommand, &p, nullptr));
   EXPECT_EQ(nullptr, GetWindowEventTarget(nullptr));

@@ -93,7 +93,7 @@ void expectLegible(const std::string& svg, const std::string& background) {
   }
 }
 
-TEST_F(SvgTest, WindowShowsTitleVisibleControlsAndState) {
+TEST_F(SvgTest, WindowShowsTitleVisibleControlsAndStateWithTextEscaped) {
   WindowRef w = makeWindow();
   Str title("Orbisett");
   SetWindowTitleWithCFString(w, title);
@@ -110,14 +110,11 @@ TEST_F(SvgTest, WindowShowsTitleVisibleControlsAndState) {
   EXPECT_TRUE(contains(svg, "data-id=\"5\" data-value=\"1\">"));
   EXPECT_TRUE(contains(svg, "data-id=\"7\" data-value=\"0\" data-enabled=\"false\">"));
   EXPECT_TRUE(contains(svg, "data-checked=\"true\""));
-}
-
-TEST_F(SvgTest, TextIsEscaped) {
-  WindowRef w = makeWindow();
-  Str title("A & B <\"x\">");
-  SetWindowTitleWithCFString(w, title);
+  // Text is escaped.
+  Str odd("A & B <\"x\">");
+  SetWindowTitleWithCFString(w, odd);
   make(kControlKindEditUnicodeText, Rect{0, 0, 13, 80}, "1 < 2 & 3", miniStyle(), w);
-  std::string svg = platform::windowToSvg(w);
+  svg = platform::windowToSvg(w);
   EXPECT_TRUE(contains(svg, "A &amp; B &lt;&quot;x&quot;&gt;"));
   EXPECT_TRUE(contains(svg, ">1 &lt; 2 &amp; 3</text>"));
   EXPECT_FALSE(contains(svg, "1 < 2"));
@@ -161,7 +158,7 @@ TEST_F(SvgTest, TextTakesTheColourAndFaceOfItsFontStyleAndStaysLegible) {
   EXPECT_EQ("", attribute(textOf(light, "plain").element, "font-weight"));
 }
 
-TEST_F(SvgTest, FieldTextIsClippedToItsFieldAndLabelsShareItsBaseline) {
+TEST_F(SvgTest, FieldTextIsClippedLabelsShareItsBaselineAndGroupBoxesDrawInsideTheirBounds) {
   // Labels 2 px below a field's or a box's top read on the line of the field's text or box's title.
   WindowRef w = makeWindow();
   make(kControlKindStaticText, Rect{38, 22, 50, 30}, "X", miniStyle(), w);
@@ -179,16 +176,12 @@ TEST_F(SvgTest, FieldTextIsClippedToItsFieldAndLabelsShareItsBaseline) {
   EXPECT_EQ(kTitleBar + 37, clip.y);
   EXPECT_EQ(73, clip.width);
   EXPECT_EQ(11, clip.height);
-}
-
-TEST_F(SvgTest, GroupBoxesDrawTheirFramesInsideTheirBoundsAndTitlesAboveTheirLine) {
-  // Bounds that overlap by 2 px, as dialogs lay them out, and a titled box below.
-  WindowRef w = makeWindow();
+  // Group boxes: bounds that overlap by 2 px, as dialogs lay them out, and a titled box below.
   for (Rect r : {Rect{5, 5, 215, 380}, Rect{213, 5, 290, 142}, Rect{213, 140, 290, 380}}) {
     make(kControlKindGroupBox, r, "", miniStyle(), w);
   }
   make(kControlKindGroupBox, Rect{293, 5, 329, 380}, "Insert Keys", miniStyle(), w);
-  std::string svg = platform::windowToSvg(w);
+  svg = platform::windowToSvg(w);
   // The pixels each frame's line covers: half a pixel either side of its rectangle.
   std::vector<Box> drawn;
   for (Box b : frames(svg)) drawn.push_back(Box{b.x - 0.5, b.y - 0.5 - kTitleBar, b.width + 1, b.height + 1});

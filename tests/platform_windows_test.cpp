@@ -39,7 +39,7 @@ void watchDispose(ControlRef c, Recorder& r) {
   ASSERT_EQ(noErr, InstallEventHandler(GetControlEventTarget(c), record, 1, &event_type, &r, nullptr));
 }
 
-TEST_F(WindowTest, DisposeSendsClosedThenDisposesEveryControl) {
+TEST_F(WindowTest, DisposeSendsClosedThenDisposesEveryControlOnce) {
   WindowRef w = makeWindow();
   Recorder r;
   watchWindow(w, r);
@@ -58,21 +58,19 @@ TEST_F(WindowTest, DisposeSendsClosedThenDisposesEveryControl) {
   EXPECT_FALSE(platform::isLiveWindow(w));
   EXPECT_EQ(0u, platform::liveCounts().controls);
   EXPECT_EQ(0u, platform::liveCounts().handlers);
-}
-
-TEST_F(WindowTest, DisposingFromTheClosedHandlerFinishesOnce) {
-  WindowRef w = makeWindow();
-  Recorder r;
-  r.disposeOnClosed = w;
-  watchWindow(w, r);
-  watchDispose(makeCheckBox(w, "A"), r);
-  DisposeWindow(w);
-  EXPECT_EQ((std::vector<std::string>{"73", "1001:A"}), r.log);
+  // Disposing from the closed handler finishes once.
+  WindowRef again = makeWindow();
+  Recorder seen;
+  seen.disposeOnClosed = again;
+  watchWindow(again, seen);
+  watchDispose(makeCheckBox(again, "A"), seen);
+  DisposeWindow(again);
+  EXPECT_EQ((std::vector<std::string>{"73", "1001:A"}), seen.log);
   EXPECT_EQ(0u, platform::liveCounts().windows);
-  DisposeWindow(w); // stale: ignored
+  DisposeWindow(again); // stale: ignored
 }
 
-TEST_F(WindowTest, UnhandledCloseBoxClosesAStandardWindow) {
+TEST_F(WindowTest, CloseBoxClosesAStandardWindowUnlessHandled) {
   WindowRef w = makeWindow();
   ShowWindow(w);
   Recorder r;
@@ -82,24 +80,19 @@ TEST_F(WindowTest, UnhandledCloseBoxClosesAStandardWindow) {
   EXPECT_EQ(eventNotHandledErr, outcome.eventStatus);
   EXPECT_EQ((std::vector<std::string>{"72", "73"}), r.log);
   EXPECT_FALSE(platform::isLiveWindow(w));
-}
-
-TEST_F(WindowTest, HandledCloseBoxKeepsTheWindow) {
-  WindowRef w = makeWindow();
-  ShowWindow(w);
-  Recorder r;
-  r.answer = noErr;
-  watchWindow(w, r);
-  EXPECT_EQ(noErr, platform::pressCloseBox(w).eventStatus);
-  EXPECT_EQ((std::vector<std::string>{"72"}), r.log);
-  EXPECT_TRUE(platform::isLiveWindow(w));
-}
-
-TEST_F(WindowTest, CloseBoxWithoutStandardHandlerLeavesTheWindow) {
-  WindowRef w = makeWindow(kWindowCloseBoxAttribute);
-  ShowWindow(w);
-  EXPECT_TRUE(platform::pressCloseBox(w).ok());
-  EXPECT_TRUE(platform::isLiveWindow(w));
+  WindowRef handled = makeWindow();
+  ShowWindow(handled);
+  Recorder answered;
+  answered.answer = noErr;
+  watchWindow(handled, answered);
+  EXPECT_EQ(noErr, platform::pressCloseBox(handled).eventStatus);
+  EXPECT_EQ((std::vector<std::string>{"72"}), answered.log);
+  EXPECT_TRUE(platform::isLiveWindow(handled));
+  // Without the standard handler, or without a close box.
+  WindowRef plain = makeWindow(kWindowCloseBoxAttribute);
+  ShowWindow(plain);
+  EXPECT_TRUE(platform::pressCloseBox(plain).ok());
+  EXPECT_TRUE(platform::isLiveWindow(plain));
   WindowRef noBox = makeWindow(kWindowCollapseBoxAttribute | kWindowStandardHandlerAttribute);
   ShowWindow(noBox);
   EXPECT_EQ(platform::kDriverNoCloseBox, platform::pressCloseBox(noBox).refused);
@@ -115,7 +108,7 @@ TEST_F(WindowTest, TheSystemClosingAWindowSendsClosed) {
   EXPECT_EQ(platform::kDriverNoSuchObject, platform::closeWindow(w).refused);
 }
 
-TEST_F(WindowTest, ShowActivatesAndHideDeactivates) {
+TEST_F(WindowTest, ShowActivatesHideDeactivatesAndBoundsFollowSetWindowBounds) {
   WindowRef first = makeWindow();
   WindowRef second = makeWindow();
   EXPECT_FALSE(IsWindowVisible(first));
@@ -128,9 +121,6 @@ TEST_F(WindowTest, ShowActivatesAndHideDeactivates) {
   HideWindow(second);
   EXPECT_FALSE(IsWindowActive(second));
   EXPECT_EQ(nullptr, platform::activeWindow());
-}
-
-TEST_F(WindowTest, ContentBoundsAndTheRootFollowSetWindowBounds) {
   WindowRef w = makeWindow();
   Rect r{};
   ASSERT_EQ(noErr, GetWindowBounds(w, kWindowContentRgn, &r));
@@ -147,7 +137,7 @@ TEST_F(WindowTest, ContentBoundsAndTheRootFollowSetWindowBounds) {
   EXPECT_EQ(300, root.size.height);
 }
 
-TEST_F(WindowTest, TitleRoundTripsAndFindsTheWindow) {
+TEST_F(WindowTest, TitleRoundTripsAndFindsTheWindowWhoseRootIsMadeOnce) {
   WindowRef w = makeWindow();
   Str title("Orbisett \xe2\x80\x93 test");
   ASSERT_EQ(noErr, SetWindowTitleWithCFString(w, title));
@@ -157,10 +147,6 @@ TEST_F(WindowTest, TitleRoundTripsAndFindsTheWindow) {
   CFRelease(copy);
   EXPECT_EQ(w, platform::findWindowByTitle("Orbisett \xe2\x80\x93 test"));
   EXPECT_EQ(nullptr, platform::findWindowByTitle("Orbisett"));
-}
-
-TEST_F(WindowTest, RootControlIsMadeOnce) {
-  WindowRef w = makeWindow();
   ControlRef again = nullptr;
   EXPECT_EQ(errRootAlreadyExists, CreateRootControl(w, &again));
   ControlRef root = nullptr;

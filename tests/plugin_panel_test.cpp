@@ -16,14 +16,10 @@ protected:
     ControlRef panel_control(ADMInt32 id) const { return platform::findControlById(view(), id); }
 };
 
-TEST_F(WorkspacePanel, PanelIsRegisteredUnderItsMatchName)
+TEST_F(WorkspacePanel, PanelIsRegisteredUnderItsMatchNameAndRefreshesBeforeItExistsTouchNoWindow)
 {
     EXPECT_EQ(std::vector<std::string>{kPanelName}, host_->panelNames());
     EXPECT_FALSE(host_->panelCreated(kPanelName));
-}
-
-TEST_F(WorkspacePanel, RefreshesBeforeThePanelExistsTouchNoWindow)
-{
     host_->idle(3);
     host_->updateMenus();
     EXPECT_EQ(0u, platform::liveCounts().windows);
@@ -32,7 +28,7 @@ TEST_F(WorkspacePanel, RefreshesBeforeThePanelExistsTouchNoWindow)
     EXPECT_TRUE(host_->escapedExceptions().empty());
 }
 
-TEST_F(WorkspacePanel, EachCommandTogglesThePanelAndTheItemIsNeverChecked)
+TEST_F(WorkspacePanel, EachCommandTogglesThePanelOfTheDialogsSizeAndTheItemIsNeverChecked)
 {
     command();
     ASSERT_TRUE(host_->panelCreated(kPanelName));
@@ -53,10 +49,6 @@ TEST_F(WorkspacePanel, EachCommandTogglesThePanelAndTheItemIsNeverChecked)
     EXPECT_TRUE(host_->panelShown(kPanelName));
     host_->updateMenus();
     EXPECT_FALSE(menu_item()->checked);
-}
-
-TEST_F(WorkspacePanel, PanelSnapSizeIsTheDialogSize)
-{
     command();
     const std::vector<A_LPoint> sizes = host_->panelSnapSizes(kPanelName);
     ASSERT_EQ(1u, sizes.size());
@@ -70,9 +62,7 @@ TEST_F(WorkspacePanel, ApplyFromThePanelArrangesTheSelection)
     ASSERT_TRUE(platform::click(panel_control(BUTTON_APPLY)).ok());
     const host::Layer* first = host_->project().layer(cards_[0]);
     // Given steps from the front, bottom of a 2000-high cylinder, composition centre added.
-    EXPECT_EQ(960.0, first->prop(host::Prop::position).value.x);
-    EXPECT_EQ(1540.0, first->prop(host::Prop::position).value.y);
-    EXPECT_EQ(-500.0, first->prop(host::Prop::position).value.z);
+    EXPECT_EQ((host::Vec3{960, 1540, -500}), first->prop(host::Prop::position).value);
     EXPECT_TRUE(host_->undoBalanced());
 }
 

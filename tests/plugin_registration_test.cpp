@@ -48,6 +48,18 @@ TEST_F(Registration, FailedReportOfTheDeathHookIsTheEntryResult)
     host_->failFunction("AEGP_RegisterDeathHook", A_Err_GENERIC);
     host_->failFunction("AEGP_ReportInfo", A_Err_ALLOC);
     EXPECT_EQ(A_Err_ALLOC, start());
+    EXPECT_EQ(A_Err_ALLOC, host_->entryResult());
+}
+
+TEST_F(Registration, OnlyAModuleWithAnEntryPointLoadsAndOnlyOne)
+{
+    EXPECT_EQ(A_Err_GENERIC, host_->loadPlugin("/nonexistent/plugin.so"));
+    EXPECT_FALSE(host_->loaderError().empty());
+    EXPECT_EQ(A_Err_GENERIC, host_->loadPlugin("libm.so.6"));  // a library without the entry point
+    EXPECT_NE(std::string::npos, host_->loaderError().find("PluginEntry"));
+    EXPECT_FALSE(host_->pluginLoaded());
+    ASSERT_EQ(A_Err_NONE, start());
+    EXPECT_EQ(A_Err_GENERIC, start());
 }
 
 TEST_F(Registration, NoUniqueCommandIsReportedAndNoCommandIsHooked)

@@ -20,17 +20,13 @@ protected:
     }
 };
 
-TEST_F(FloatingWindow, MenuItemGoesIntoTheFloatingWindowsSectionAtTheBottom)
+TEST_F(FloatingWindow, FirstCommandOfTheFloatersItemShowsTheWindowAndASecondBringsTheSameOneUp)
 {
     const host::MenuItem* item = menu_item();
     ASSERT_NE(nullptr, item);
     EXPECT_EQ(AEGP_Menu_FLOATERS, item->menu);
     EXPECT_TRUE(host_->panelNames().empty());
     EXPECT_EQ(nullptr, window()) << "no window before the first command";
-}
-
-TEST_F(FloatingWindow, FirstCommandShowsTheWindowAndASecondBringsTheSameOneUp)
-{
     command();
     WindowRef first = window();
     ASSERT_NE(nullptr, first);
@@ -44,7 +40,7 @@ TEST_F(FloatingWindow, FirstCommandShowsTheWindowAndASecondBringsTheSameOneUp)
     EXPECT_TRUE(IsWindowVisible(first));
 }
 
-TEST_F(FloatingWindow, CloseBoxHidesAndTheNextCommandShowsTheValuesTheUserLeft)
+TEST_F(FloatingWindow, CloseBoxHidesKeepingTheValuesAndAfterTheWindowIsDestroyedAFreshOneIsBuilt)
 {
     command();
     ASSERT_TRUE(platform::typeText(control(EDIT_DIM_X), "1234").ok());
@@ -60,10 +56,6 @@ TEST_F(FloatingWindow, CloseBoxHidesAndTheNextCommandShowsTheValuesTheUserLeft)
     EXPECT_TRUE(menu_checked());
     EXPECT_EQ("1234", platform::controlText(control(EDIT_DIM_X)));
     EXPECT_EQ(1, GetControl32BitValue(control(CHECK_DISTRIBUTE_EVENLY)));
-}
-
-TEST_F(FloatingWindow, AfterTheWindowIsDestroyedTheNextCommandBuildsAFreshOne)
-{
     command();
     ASSERT_TRUE(platform::typeText(control(EDIT_DIM_X), "1234").ok());
     ASSERT_TRUE(platform::closeWindow(window()).ok());
@@ -100,20 +92,6 @@ TEST_F(FloatingWindow, SelectionWithoutArrangeableLayersGreysTheMenuItemAndTheDi
         EXPECT_TRUE(IsControlEnabled(control(BUTTON_APPLY)));
         EXPECT_TRUE(IsControlEnabled(control(EDIT_DIM_X)));
         EXPECT_FALSE(IsControlEnabled(control(EDIT_REPEAT_COUNT))) << "follows Repeat Layers, which is off";
-    }
-}
-
-TEST_F(FloatingWindow, HiddenOptionsStayHiddenThroughRefreshes)
-{
-    command();
-    host_->idle(3);
-    for (ADMInt32 id : {EDIT_SPHERE_CENTER_X, CHECK_DONT_INTERSECT, RADIO_EQUATOR_ONLY, CHECK_USE_COMP_CENTER,
-                        CHECK_REVERSE_ORDER}) {
-        EXPECT_FALSE(platform::isEffectivelyVisible(control(id))) << id;
-    }
-    for (ADMInt32 id : {EDIT_DIM_X, EDIT_DIM_Y, EDIT_DIM_Z, CHECK_RADIUS_BY_FIRST, CHECK_DISTRIBUTE_EVENLY,
-                        RADIO_INWARD, CHECK_REPEAT_LAYERS, CHECK_KEY_SCALE, BUTTON_APPLY}) {
-        EXPECT_TRUE(platform::isEffectivelyVisible(control(id))) << id;
     }
 }
 

@@ -34,28 +34,14 @@ TEST(RandomNumbers, UnseededStateStartsAtOne)
     EXPECT_EQ(math::IY, 1426780792);
 }
 
-TEST(RandomNumbers, SeedZeroAndItsAliasGiveTheSameSequence)
+TEST(RandomNumbers, SeedsFoldOntoTheirResidueAndAreStoredUnchanged)
 {
-    const Sequence expected{453816693, 1623591814, 474883};
-    EXPECT_EQ(drawAfterSeed(0, 3), expected);
-    EXPECT_EQ(drawAfterSeed(-2147483647 - 1, 3), expected);
-}
-
-TEST(RandomNumbers, NegativeSeedFoldsOntoItsResidue)
-{
-    const Sequence expected{1757985480, 1082595997, 721652622};
-    EXPECT_EQ(drawAfterSeed(-1, 3), expected);
-    EXPECT_EQ(drawAfterSeed(2147483647, 3), expected);
-}
-
-TEST(RandomNumbers, LayoutSeedSequence)
-{
-    EXPECT_EQ(drawAfterSeed(15021991, 5),
-              (Sequence{673367888, 1879327365, 1218999126, 255411859, 487302348}));
-}
-
-TEST(RandomNumbers, SetRandStoresSeedUnchanged)
-{
+    // Zero and its alias, a negative seed and its residue.
+    EXPECT_EQ(drawAfterSeed(0, 3), (Sequence{453816693, 1623591814, 474883}));
+    EXPECT_EQ(drawAfterSeed(-2147483647 - 1, 3), (Sequence{453816693, 1623591814, 474883}));
+    EXPECT_EQ(drawAfterSeed(-1, 3), (Sequence{1757985480, 1082595997, 721652622}));
+    EXPECT_EQ(drawAfterSeed(2147483647, 3), (Sequence{1757985480, 1082595997, 721652622}));
+    EXPECT_EQ(drawAfterSeed(15021991, 5), (Sequence{673367888, 1879327365, 1218999126, 255411859, 487302348}));
     math::SetRand(-123456789);
     EXPECT_EQ(math::IY, -123456789);
 }

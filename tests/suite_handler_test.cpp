@@ -55,18 +55,15 @@ TEST(SuiteHandler, AWithheldSuiteThrows516AndEverythingAcquiredIsStillReleased) 
     EXPECT_EQ(0, h.strayReleases());
 }
 
-TEST(SuiteHandler, AFailedAcquireCountsAsMissing) {
+TEST(SuiteHandler, AFailedAcquireOrANullBasicSuiteThrows516) {
     host::Host h;
     AEGP_SuiteHandler suites(h.basicSuite());
     h.failFunction("AcquireSuite", A_Err_GENERIC);
     EXPECT_EQ(A_Err_BAD_CALLBACK_PARAM, thrownBy([&] { suites.ItemSuite3(); }));
-}
-
-TEST(SuiteHandler, ANullBasicSuiteThrows516) {
     EXPECT_EQ(A_Err_BAD_CALLBACK_PARAM, thrownBy([] { AEGP_SuiteHandler suites(nullptr); }));
 }
 
-TEST(GlobalSuites, WithoutPanelsOnlyTheAppSuiteIsHeldAndReleased) {
+TEST(GlobalSuites, TheAppSuiteAndThePanelSuiteWhereThereIsOneAreHeldUntilReleased) {
     host::Host h;
     h.withholdSuite(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1);
     sSPBasic = h.basicSuite();
@@ -80,20 +77,16 @@ TEST(GlobalSuites, WithoutPanelsOnlyTheAppSuiteIsHeldAndReleased) {
     EXPECT_EQ(0, h.releaseCount(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1));
     EXPECT_EQ(1, h.callCount("ReleaseSuite"));
     EXPECT_TRUE(h.allSuitesReleased());
-    sSPBasic = nullptr;
-}
-
-TEST(GlobalSuites, WithPanelsBothAreHeldUntilReleased) {
-    host::Host h;
-    sSPBasic = h.basicSuite();
+    host::Host panels;
+    sSPBasic = panels.basicSuite();
     adm::acquireSuites();
     EXPECT_NE(nullptr, sAEGPPanelSuite);
     EXPECT_NE(nullptr, sPFAppSuite);
-    EXPECT_FALSE(h.allSuitesReleased());
+    EXPECT_FALSE(panels.allSuitesReleased());
     adm::releaseSuites();
     EXPECT_EQ(nullptr, sAEGPPanelSuite);
-    EXPECT_TRUE(h.allSuitesReleased());
-    EXPECT_EQ(0, h.strayReleases());
+    EXPECT_TRUE(panels.allSuitesReleased());
+    EXPECT_EQ(0, panels.strayReleases());
     sSPBasic = nullptr;
 }
 

@@ -51,7 +51,17 @@ TEST_F(Controls, CheckBoxesAndEditFieldsTakeTheirFixedHeights) {
     EXPECT_EQ((Rect{80, 20, 93, 90}), edit);
 }
 
-TEST_F(Controls, InAWindowTheTextIsTheControlsTitle) {
+TEST_F(Controls, FramesLieBehindEveryOtherControl) {
+    add(dialog, 1, kADMTextCheckBoxType);
+    add(dialog, 2, kADMTextStaticType);
+    add(dialog, 3, kADMFrameType, {0, 0, 100, 200});
+    add(dialog, 4, kADMTextPushButtonType);
+    add(dialog, 5, kADMFrameType, {0, 0, 50, 50});
+    std::vector<ControlRef> order = platform::subviews(platform::rootView(platform::windows().back()));
+    EXPECT_EQ((std::vector<ControlRef>{find(3), find(5), find(1), find(2), find(4)}), order);
+}
+
+TEST_F(Controls, InAWindowTheTextIsTheControlsTitleAndStaticTextIsAsLargeAsIt) {
     ADMItemRef box = add(dialog, 1, kADMTextCheckBoxType);
     ADMItemRef button = add(dialog, 2, kADMTextPushButtonType);
     ADMItemRef text = add(dialog, 3, kADMTextStaticType);
@@ -65,28 +75,26 @@ TEST_F(Controls, InAWindowTheTextIsTheControlsTitle) {
     char read[16] = {};
     ASSERT_TRUE(sADMItem->GetText(button, read, sizeof read));
     EXPECT_STREQ("Apply", read);
-}
-
-TEST_F(Controls, StaticTextIsAsLargeAsItsText) {
-    ADMItemRef text = add(dialog, 3, kADMTextStaticType, {10, 10, 10, 10});
-    sADMItem->SetText(text, "Layers");
+    // Static text is as large as its text.
+    ADMItemRef sized = add(dialog, 6, kADMTextStaticType, {10, 10, 10, 10});
+    sADMItem->SetText(sized, "Layers");
     CFStringRef measured = CFStringCreateWithCString(nullptr, "Layers", kCFStringEncodingMacRoman);
     Point extent{0, 0};
     GetThemeTextDimensions(measured, kThemeMiniSystemFont, kThemeStateActive, false, &extent, nullptr);
     CFRelease(measured);
     IASPoint best{};
-    sADMItem->GetBestSize(text, &best);
+    sADMItem->GetBestSize(sized, &best);
     EXPECT_GT(extent.h, 0);
     EXPECT_EQ(extent.h, best.h);
     EXPECT_EQ(extent.v, best.v);
     const IASRect local{0, 0, best.v, best.h};
-    sADMItem->SetLocalRect(text, &local);
+    sADMItem->SetLocalRect(sized, &local);
     IASRect bounds{};
-    sADMItem->GetBoundsRect(text, &bounds);
+    sADMItem->GetBoundsRect(sized, &bounds);
     EXPECT_EQ((IASRect{10, 10, static_cast<int16_t>(10 + best.v), static_cast<int16_t>(10 + best.h)}), bounds);
 }
 
-TEST_F(Controls, PopupEntriesAreInsertedSelectedAndRemoved) {
+TEST_F(Controls, PopupEntriesAreInsertedSelectedChosenAndRemovedInMenusOfTheirOwn) {
     ADMItemRef popup = add(dialog, 30, kADMPopupListType);
     ADMListRef list = sADMItem->GetList(popup);
     ASSERT_NE(nullptr, list);
@@ -112,19 +120,15 @@ TEST_F(Controls, PopupEntriesAreInsertedSelectedAndRemoved) {
     EXPECT_EQ((std::vector<std::string>{"Inward", "Both"}), platform::popupItems(find(30)));
     EXPECT_EQ(2, GetControl32BitMaximum(find(30)));
     EXPECT_EQ(2, GetControl32BitValue(find(30)));
-}
-
-TEST_F(Controls, ChoosingAPopupEntryNotifies) {
-    ADMItemRef popup = add(dialog, 30, kADMPopupMenuType);
-    ADMListRef list = sADMItem->GetList(popup);
-    for (ADMInt32 i = 0; i < 3; ++i) sADMList->InsertEntry(list, i);
-    ASSERT_TRUE(platform::choosePopupItem(find(30), 3).ok());
+    // Choosing an entry notifies.
+    ADMItemRef menu = add(dialog, 31, kADMPopupMenuType);
+    ADMListRef entries = sADMItem->GetList(menu);
+    for (ADMInt32 i = 0; i < 3; ++i) sADMList->InsertEntry(entries, i);
+    ASSERT_TRUE(platform::choosePopupItem(find(31), 3).ok());
     ASSERT_EQ(1u, recorder.notes.size());
-    EXPECT_EQ(popup, recorder.notes[0].item);
-    EXPECT_EQ(2, sADMEntry->GetIndex(sADMList->GetActiveEntry(list)));
-}
-
-TEST_F(Controls, EachPopupHasAMenuOfItsOwn) {
+    EXPECT_EQ(menu, recorder.notes[0].item);
+    EXPECT_EQ(2, sADMEntry->GetIndex(sADMList->GetActiveEntry(entries)));
+    // Each popup has a menu of its own.
     ADMListRef first = sADMItem->GetList(add(dialog, 1, kADMPopupListType));
     ADMListRef second = sADMItem->GetList(add(dialog, 2, kADMPopupListType));
     sADMList->InsertEntry(first, 0);
@@ -138,7 +142,7 @@ ControlFontStyleRec fontStyleOf(ControlRef c) {
     return style;
 }
 
-TEST_F(Controls, FontsSetFaceFamilyAndFlagsOnTheText) {
+TEST_F(Controls, FontsSetFaceFamilyAndFlagsOnTheTextOrFallBackToThePlatformFont) {
     ADMItemRef text = add(dialog, 3, kADMTextStaticType);
     sADMItem->SetFont(text, kADMBoldDialogFont);
     ControlFontStyleRec style = fontStyleOf(find(3));
@@ -162,23 +166,10 @@ TEST_F(Controls, FontsSetFaceFamilyAndFlagsOnTheText) {
 
     sADMItem->SetFont(text, kADMBoldItalicFixedWidthFont);
     EXPECT_EQ(0x207, fontStyleOf(find(3)).flags);
-}
-
-TEST_F(Controls, AControlWithoutLabelFallsBackToThePlatformFont) {
     ADMItemRef button = add(dialog, 4, kADMTextPushButtonType);
     EXPECT_EQ(0x1, fontStyleOf(find(4)).flags);
     sADMItem->SetFont(button, kADMBoldDialogFont);
     EXPECT_EQ(0, fontStyleOf(find(4)).flags);
-}
-
-TEST_F(Controls, FramesLieBehindEveryOtherControl) {
-    add(dialog, 1, kADMTextCheckBoxType);
-    add(dialog, 2, kADMTextStaticType);
-    add(dialog, 3, kADMFrameType, {0, 0, 100, 200});
-    add(dialog, 4, kADMTextPushButtonType);
-    add(dialog, 5, kADMFrameType, {0, 0, 50, 50});
-    std::vector<ControlRef> order = platform::subviews(platform::rootView(platform::windows().back()));
-    EXPECT_EQ((std::vector<ControlRef>{find(3), find(5), find(1), find(2), find(4)}), order);
 }
 
 TEST_F(Controls, ADialogDrawsItsVisibleTexts) {

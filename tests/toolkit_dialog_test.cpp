@@ -40,14 +40,11 @@ TEST_F(DialogWindows, EachStyleMakesItsWindowClassWithStandardBits) {
     EXPECT_TRUE(platform::windows().empty());
 }
 
-TEST_F(DialogWindows, StylesWithoutAWindowClassMakeNoDialog) {
+TEST_F(DialogWindows, StylesWithoutAWindowClassOrAFailingInitProcMakeNoDialog) {
     EXPECT_EQ(nullptr, makeWindowDialog(static_cast<ADMDialogStyle>(16)));
     EXPECT_EQ(nullptr, makeWindowDialog(static_cast<ADMDialogStyle>(-1)));
     EXPECT_TRUE(platform::windows().empty());
     EXPECT_EQ(0, recorder.destroyed);  // the init proc never ran
-}
-
-TEST_F(DialogWindows, AFailingInitProcUndoesTheCreation) {
     recorder.initResult = 5;
     EXPECT_EQ(nullptr, makeWindowDialog());
     EXPECT_EQ(1, recorder.destroyed);
@@ -75,7 +72,7 @@ TEST_F(DialogWindows, TheCloseBoxNotifiesOnceAndOnlyHides) {
     sADMDialog->Destroy(dialog);
 }
 
-TEST_F(DialogWindows, SuiteDestroyRunsTheDestroyProcOnceAndLeavesNothing) {
+TEST_F(DialogWindows, SuiteDestroyOrClosingTheWindowRunsTheDestroyProcOnceAndLeavesNothing) {
     recorder.destroyAgainInDestroyProc = true;  // as a dialog object deleting itself would
     ADMDialogRef dialog = makeWindowDialog();
     add(dialog, 1, kADMTextEditType);
@@ -89,10 +86,9 @@ TEST_F(DialogWindows, SuiteDestroyRunsTheDestroyProcOnceAndLeavesNothing) {
     EXPECT_EQ(0u, live.menus);
     EXPECT_EQ(0u, live.strings);
     EXPECT_EQ(0u, live.handlers);
-}
-
-TEST_F(DialogWindows, ClosingTheWindowDestroysTheDialogOnce) {
-    ADMDialogRef dialog = makeWindowDialog();
+    // Closing the window does the same.
+    recorder = Recorder{};
+    dialog = makeWindowDialog();
     add(dialog, 1, kADMTextEditType);
     ASSERT_TRUE(platform::closeWindow(platform::windows().back()).ok());
     EXPECT_EQ(1, recorder.destroyed);
@@ -100,7 +96,7 @@ TEST_F(DialogWindows, ClosingTheWindowDestroysTheDialogOnce) {
     EXPECT_EQ(0u, platform::liveCounts().handlers);
 }
 
-TEST_F(DialogWindows, SetLocalRectKeepsTheTopLeftCorner) {
+TEST_F(DialogWindows, SetLocalRectKeepsTheTopLeftCornerAndTheTitleIsTheWindowTitle) {
     ADMDialogRef dialog = makeWindowDialog();
     const IASRect placed{100, 50, 300, 450};
     sADMDialog->SetBoundsRect(dialog, &placed);
@@ -113,10 +109,7 @@ TEST_F(DialogWindows, SetLocalRectKeepsTheTopLeftCorner) {
     GetWindowBounds(platform::windows().back(), kWindowContentRgn, &content);
     EXPECT_EQ((Rect{100, 50, 400, 250}), content);
     sADMDialog->Destroy(dialog);
-}
-
-TEST_F(DialogWindows, TheTitleIsTheWindowTitle) {
-    ADMDialogRef dialog = makeWindowDialog();
+    dialog = makeWindowDialog();
     sADMDialog->SetText(dialog, "Orbisett");
     EXPECT_EQ(platform::windows().back(), platform::findWindowByTitle("Orbisett"));
     sADMDialog->Destroy(dialog);
@@ -155,7 +148,7 @@ TEST_F(DialogWindows, AHundredAndFirstItemIsRefused) {
     sADMDialog->Destroy(dialog);
 }
 
-TEST_F(DialogWindows, AnItemWhoseInitFailsIsNotHandedOutButKeepsItsPlace) {
+TEST_F(DialogWindows, ItemsWithAFailingInitOrAnUnknownTypeKeepTheirPlaceWithoutAControl) {
     ADMDialogRef dialog = makeWindowDialog();
     const IASRect r{0, 0, 20, 100};
     auto failing = [](ADMItemRef) -> ASErr { return 1; };
@@ -164,10 +157,7 @@ TEST_F(DialogWindows, AnItemWhoseInitFailsIsNotHandedOutButKeepsItsPlace) {
     ASSERT_NE(nullptr, kept);
     EXPECT_EQ(kept, sADMDialog->GetFirstItem(dialog));
     sADMDialog->Destroy(dialog);
-}
-
-TEST_F(DialogWindows, UnknownTypeNamesMakeNoControl) {
-    ADMDialogRef dialog = makeWindowDialog();
+    dialog = makeWindowDialog();
     ADMItemRef item = add(dialog, 9, "ADM Dial Type");
     ASSERT_NE(nullptr, item);
     EXPECT_EQ(nullptr, find(9));

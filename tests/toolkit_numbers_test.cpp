@@ -33,7 +33,7 @@ std::string formatted(ADMItemRef item, float value) {
     return text;
 }
 
-TEST_F(EditNumbers, ValuesAreShownWithoutTrailingZeros) {
+TEST_F(EditNumbers, ValuesAreShownWithoutTrailingZerosInFieldsOnly) {
     EXPECT_EQ("2.5", formatted(edit, 2.5f));
     EXPECT_EQ("3", formatted(edit, 3.0f));
     EXPECT_EQ("0", formatted(edit, 0.0f));
@@ -43,15 +43,9 @@ TEST_F(EditNumbers, ValuesAreShownWithoutTrailingZeros) {
     EXPECT_EQ("100", formatted(edit, 100.0f));
     EXPECT_EQ("1200", formatted(edit, 1200.0f));
     EXPECT_EQ("0.05", formatted(edit, 0.05f));
-}
-
-TEST_F(EditNumbers, FormattingRespectsTheBufferLength) {
     char text[4];
     EXPECT_TRUE(sADMItem->DefaultFloatToText(edit, 12.5f, text, sizeof text));
     EXPECT_STREQ("12.", text);
-}
-
-TEST_F(EditNumbers, AnItemWithoutAPlatformControlKeepsItsNumberToItself) {
     // A static text is only a label: it has no control to show or read a number in.
     ADMItemRef label = add(dialog, 8, kADMTextStaticType);
     sADMItem->SetText(label, "7");
@@ -62,7 +56,7 @@ TEST_F(EditNumbers, AnItemWithoutAPlatformControlKeepsItsNumberToItself) {
     EXPECT_EQ("untouched", formatted(label, 2.5f));
 }
 
-TEST_F(EditNumbers, SettingValueOrLimitsRewritesTheFieldWithoutClamping) {
+TEST_F(EditNumbers, SettingValueOrLimitsRewritesTheFieldWithoutClampingUnitsAndStylesDoNot) {
     EXPECT_EQ("5", shown());
     sADMItem->SetFloatValue(edit, 2.50f);
     EXPECT_EQ("2.5", shown());
@@ -71,9 +65,14 @@ TEST_F(EditNumbers, SettingValueOrLimitsRewritesTheFieldWithoutClamping) {
     type("junk");
     sADMItem->SetMaxFloatValue(edit, 10);
     EXPECT_EQ("250", shown());
+    sADMItem->SetFloatValue(edit, 12.5f);
+    sADMItem->SetUnits(edit, kADMMillimeterUnits);
+    sADMItem->ShowUnits(edit, true);
+    sADMItem->SetItemStyle(edit, 3);
+    EXPECT_EQ("12.5", shown());
 }
 
-TEST_F(EditNumbers, TypedTextIsReadAndClampedToTheLimits) {
+TEST_F(EditNumbers, TypedTextOfAtMost127CharactersIsReadAndClampedToTheLimits) {
     type("250");
     EXPECT_FLOAT_EQ(100.0f, sADMItem->GetFloatValue(edit));
     type("12.5mm");
@@ -83,9 +82,6 @@ TEST_F(EditNumbers, TypedTextIsReadAndClampedToTheLimits) {
     EXPECT_FLOAT_EQ(1.0f, sADMItem->GetFloatValue(edit));
     type("  +42");
     EXPECT_FLOAT_EQ(42.0f, sADMItem->GetFloatValue(edit));
-}
-
-TEST_F(EditNumbers, FieldsReadTextOfAtMost127Characters) {
     type((std::string(126, '0') + "9").c_str());
     EXPECT_EQ(9.0f, sADMItem->GetFloatValue(edit));
     EXPECT_EQ(9, sADMItem->GetIntValue(edit));
@@ -115,7 +111,7 @@ TEST_F(EditNumbers, NumbersBeyondADoubleAndInfinitiesClampToTheLimits) {
     EXPECT_EQ(3, sADMItem->GetIntValue(edit));
 }
 
-TEST_F(EditNumbers, TextThatIsNoNumberKeepsTheValue) {
+TEST_F(EditNumbers, TheLeadingNumberIsReadAndTextThatIsNoNumberKeepsTheValue) {
     type("33");
     ASSERT_FLOAT_EQ(33.0f, sADMItem->GetFloatValue(edit));
     // NaN is refused although characters form it: no limit would hold it back from the layout.
@@ -126,46 +122,6 @@ TEST_F(EditNumbers, TextThatIsNoNumberKeepsTheValue) {
     ADMFloat value = -1;
     EXPECT_FALSE(sADMItem->DefaultTextToFloat(edit, "nan", &value));
     EXPECT_EQ(-1.0f, value);
-}
-
-TEST_F(EditNumbers, IntegersAreReadTruncatedAndStored) {
-    type("7.9");
-    EXPECT_EQ(7, sADMItem->GetIntValue(edit));
-    type("");
-    EXPECT_EQ(7, sADMItem->GetIntValue(edit));  // the stored value, from the last reading
-    type("250");
-    EXPECT_EQ(100, sADMItem->GetIntValue(edit));
-    type("99999999999999999999999");
-    EXPECT_EQ(100, sADMItem->GetIntValue(edit));
-    type("-99999999999999999999999");
-    EXPECT_EQ(1, sADMItem->GetIntValue(edit));
-}
-
-TEST_F(EditNumbers, EmptyTextGivesTheStoredValueTruncatedTowardZero) {
-    sADMItem->SetMinFloatValue(edit, -100);
-    sADMItem->SetFloatValue(edit, 42.8f);
-    type("");
-    EXPECT_EQ(42, sADMItem->GetIntValue(edit));
-    sADMItem->SetFloatValue(edit, -3.7f);
-    type("x");
-    EXPECT_EQ(-3, sADMItem->GetIntValue(edit));
-    // A stored value beyond 32 bits saturates; a NaN stored by hand counts as 0.
-    const std::pair<float, ADMInt32> cases[] = {{3e9f, 2147483647}, {-3e9f, -2147483647 - 1}, {NAN, 0}};
-    for (const auto& [stored, integer] : cases) {
-        sADMItem->SetFloatValue(edit, stored);
-        type("");
-        EXPECT_EQ(integer, sADMItem->GetIntValue(edit)) << stored;
-    }
-}
-
-TEST_F(EditNumbers, LimitsBetweenIntegersClampToTheirTruncation) {
-    sADMItem->SetMaxFloatValue(edit, 9.75f);
-    type("12");
-    EXPECT_EQ(9, sADMItem->GetIntValue(edit));
-}
-
-TEST_F(EditNumbers, DefaultTextToFloatReadsTheLeadingNumber) {
-    ADMFloat value = -1;
     EXPECT_TRUE(sADMItem->DefaultTextToFloat(edit, "12.5mm", &value));
     EXPECT_FLOAT_EQ(12.5f, value);
     EXPECT_TRUE(sADMItem->DefaultTextToFloat(edit, "-.5e1", &value));
@@ -184,12 +140,34 @@ TEST_F(EditNumbers, DefaultTextToFloatReadsTheLeadingNumber) {
     EXPECT_EQ(0.0f, value);
 }
 
-TEST_F(EditNumbers, UnitsAndStylesLeaveTheTextAlone) {
-    sADMItem->SetFloatValue(edit, 12.5f);
-    sADMItem->SetUnits(edit, kADMMillimeterUnits);
-    sADMItem->ShowUnits(edit, true);
-    sADMItem->SetItemStyle(edit, 3);
-    EXPECT_EQ("12.5", shown());
+TEST_F(EditNumbers, IntegersAreReadTruncatedClampedAndStoredAndEmptyTextGivesTheStoredOne) {
+    type("7.9");
+    EXPECT_EQ(7, sADMItem->GetIntValue(edit));
+    type("");
+    EXPECT_EQ(7, sADMItem->GetIntValue(edit));  // the stored value, from the last reading
+    type("250");
+    EXPECT_EQ(100, sADMItem->GetIntValue(edit));
+    type("99999999999999999999999");
+    EXPECT_EQ(100, sADMItem->GetIntValue(edit));
+    type("-99999999999999999999999");
+    EXPECT_EQ(1, sADMItem->GetIntValue(edit));
+    sADMItem->SetMaxFloatValue(edit, 9.75f);
+    type("12");
+    EXPECT_EQ(9, sADMItem->GetIntValue(edit));
+    sADMItem->SetMinFloatValue(edit, -100);
+    sADMItem->SetFloatValue(edit, 42.8f);
+    type("");
+    EXPECT_EQ(42, sADMItem->GetIntValue(edit));
+    sADMItem->SetFloatValue(edit, -3.7f);
+    type("x");
+    EXPECT_EQ(-3, sADMItem->GetIntValue(edit));
+    // A stored value beyond 32 bits saturates; a NaN stored by hand counts as 0.
+    const std::pair<float, ADMInt32> cases[] = {{3e9f, 2147483647}, {-3e9f, -2147483647 - 1}, {NAN, 0}};
+    for (const auto& [stored, integer] : cases) {
+        sADMItem->SetFloatValue(edit, stored);
+        type("");
+        EXPECT_EQ(integer, sADMItem->GetIntValue(edit)) << stored;
+    }
 }
 
 }  // namespace

@@ -7,7 +7,10 @@ namespace {
 
 using PanelDialogs = ToolkitTest;
 
-TEST_F(PanelDialogs, CreationFillsThePanelFunctionsAndRefcon) {
+TEST_F(PanelDialogs, CreationInAContainerFillsThePanelFunctionsAndTitle) {
+    EXPECT_EQ(nullptr, sADMDialog->CreatePanel(nullptr, "Panel", 0, initProc, &recorder, &panelSuite, panelHandle,
+                                               nullptr, &panelFunctions, &panelRefcon));
+    EXPECT_EQ(0, recorder.destroyed);  // without a container the init proc never ran
     ADMDialogRef dialog = makePanelDialog();
     ASSERT_NE(nullptr, dialog);
     EXPECT_NE(nullptr, panelFunctions.GetSnapSizes);
@@ -17,17 +20,12 @@ TEST_F(PanelDialogs, CreationFillsThePanelFunctionsAndRefcon) {
     EXPECT_FALSE(sADMDialog->IsVisible(dialog));
     EXPECT_FALSE(sADMDialog->IsEnabled(dialog));
     EXPECT_TRUE(platform::windows().empty());
+    sADMDialog->SetText(dialog, "Orbisett");
+    EXPECT_EQ("Orbisett", lastPanelTitle);
     sADMDialog->Destroy(dialog);
 }
 
-TEST_F(PanelDialogs, WithoutAContainerViewThereIsNoDialog) {
-    EXPECT_EQ(nullptr, sADMDialog->CreatePanel(nullptr, "Panel", 0, initProc, &recorder, &panelSuite, panelHandle,
-                                               nullptr, &panelFunctions, &panelRefcon));
-    EXPECT_EQ(0, recorder.destroyed);  // the init proc never ran
-    EXPECT_TRUE(platform::windows().empty());
-}
-
-TEST_F(PanelDialogs, TheSnapSizeIsTheLastSizeGiven) {
+TEST_F(PanelDialogs, TheSnapSizeIsTheLastSizeGivenAndTheBackgroundTakesTheHostColour) {
     ADMDialogRef dialog = makePanelDialog();
     const IASRect placed{20, 30, 120, 280};
     sADMDialog->SetBoundsRect(dialog, &placed);
@@ -53,10 +51,8 @@ TEST_F(PanelDialogs, TheSnapSizeIsTheLastSizeGiven) {
     EXPECT_EQ(-1, untouched.x);
     EXPECT_EQ(-1, untouchedCount);
     sADMDialog->Destroy(dialog);
-}
-
-TEST_F(PanelDialogs, TheBackgroundTakesTheHostColour) {
-    ADMDialogRef dialog = makePanelDialog();
+    // The background takes the host's colour.
+    dialog = makePanelDialog();
     platform::DrawRecord plain = platform::drawView(panelView);
     EXPECT_EQ(noErr, plain.status);
     EXPECT_TRUE(plain.fills.empty());  // without the host's app suite there is no colour to paint
@@ -74,14 +70,7 @@ TEST_F(PanelDialogs, TheBackgroundTakesTheHostColour) {
     sADMDialog->Destroy(dialog);
 }
 
-TEST_F(PanelDialogs, TheTitleGoesToTheHostPanel) {
-    ADMDialogRef dialog = makePanelDialog();
-    sADMDialog->SetText(dialog, "Orbisett");
-    EXPECT_EQ("Orbisett", lastPanelTitle);
-    sADMDialog->Destroy(dialog);
-}
-
-TEST_F(PanelDialogs, DisposingTheContainerDestroysTheDialogOnce) {
+TEST_F(PanelDialogs, DisposingTheContainerOrTheDialogDestroysItOnce) {
     ADMDialogRef dialog = makePanelDialog();
     add(dialog, 1, kADMTextCheckBoxType);
     add(dialog, 2, kADMPopupMenuType);
@@ -89,10 +78,9 @@ TEST_F(PanelDialogs, DisposingTheContainerDestroysTheDialogOnce) {
     EXPECT_EQ(1, recorder.destroyed);
     EXPECT_EQ(0u, platform::liveCounts().handlers);
     EXPECT_EQ(0u, platform::liveCounts().menus);
-}
-
-TEST_F(PanelDialogs, AfterSuiteDestroyTheContainerNoLongerReachesTheDialog) {
-    ADMDialogRef dialog = makePanelDialog();
+    // After the dialog's own destruction the container no longer reaches it.
+    recorder = Recorder{};
+    dialog = makePanelDialog();
     add(dialog, 1, kADMTextCheckBoxType);
     ControlRef box = find(1);
     sADMDialog->Destroy(dialog);
@@ -164,6 +152,12 @@ TEST_F(PanelLabels, ACheckBoxGetsALabelRightOfItsBox) {
     EXPECT_STREQ("Inward", text);
 }
 
+TEST_F(PanelLabels, AnEmptyTextMakesNoLabel) {
+    ADMItemRef radio = add(dialog, 7, kADMTextRadioButtonType);
+    sADMItem->SetText(radio, "");
+    EXPECT_TRUE(labels().empty());
+}
+
 TEST_F(PanelLabels, AFrameLabelSitsAboveItsLine) {
     ADMItemRef frame = add(dialog, 6, kADMFrameType, {10, 10, 110, 210});
     sADMItem->SetText(frame, "Centre");
@@ -175,15 +169,20 @@ TEST_F(PanelLabels, AFrameLabelSitsAboveItsLine) {
     EXPECT_EQ((IASRect{10, 10, 110, 210}), whole);
 }
 
-TEST_F(PanelLabels, AnEmptyTextMakesNoLabel) {
-    ADMItemRef radio = add(dialog, 7, kADMTextRadioButtonType);
-    sADMItem->SetText(radio, "");
-    EXPECT_TRUE(labels().empty());
-}
-
-TEST_F(PanelLabels, ShowAndEnableReachControlAndLabel) {
+TEST_F(PanelLabels, ShowAndEnableReachControlAndLabelWhoseTextTakesTheHostColour) {
+    useAppSuite();
     ADMItemRef box = add(dialog, 5, kADMTextCheckBoxType);
+    add(dialog, 8, kADMTextEditType);
     sADMItem->SetText(box, "Scale");
+    // Label text takes the host's colour; edit fields keep the platform's.
+    ControlFontStyleRec style{};
+    GetControlData(labels()[0], 0, kControlFontStyleTag, sizeof style, &style, nullptr);
+    EXPECT_EQ(0x209, style.flags);
+    EXPECT_EQ(kControlFontMiniSystemFont, style.font);
+    EXPECT_EQ(0xFFFF, style.foreColor.red);
+    EXPECT_EQ(0x8000, style.foreColor.green);
+    GetControlData(find(8), 0, kControlFontStyleTag, sizeof style, &style, nullptr);
+    EXPECT_EQ(0x201, style.flags);
     sADMItem->Show(box, false);
     sADMItem->Enable(box, false);
     EXPECT_FALSE(IsControlVisible(find(5)));
@@ -194,21 +193,6 @@ TEST_F(PanelLabels, ShowAndEnableReachControlAndLabel) {
     sADMItem->Enable(box, true);
     EXPECT_TRUE(IsControlVisible(labels()[0]));
     EXPECT_TRUE(sADMItem->IsEnabled(box));
-}
-
-TEST_F(PanelLabels, TextTakesTheHostColourExceptInEditFields) {
-    useAppSuite();
-    ADMItemRef box = add(dialog, 5, kADMTextCheckBoxType);
-    add(dialog, 8, kADMTextEditType);
-    sADMItem->SetText(box, "Scale");
-    ControlFontStyleRec style{};
-    GetControlData(labels()[0], 0, kControlFontStyleTag, sizeof style, &style, nullptr);
-    EXPECT_EQ(0x209, style.flags);
-    EXPECT_EQ(kControlFontMiniSystemFont, style.font);
-    EXPECT_EQ(0xFFFF, style.foreColor.red);
-    EXPECT_EQ(0x8000, style.foreColor.green);
-    GetControlData(find(8), 0, kControlFontStyleTag, sizeof style, &style, nullptr);
-    EXPECT_EQ(0x201, style.flags);
 }
 
 TEST_F(PanelLabels, PanelAndWindowPicturesPlaceTextsAlikeInTheirOwnColours) {

@@ -79,22 +79,19 @@ TEST_F(Suites, EveryFunctionAbsorbsANullReference) {
     EXPECT_TRUE(platform::windows().empty());
 }
 
-TEST_F(Suites, NotifierTypesCompareExactly) {
+TEST_F(Suites, NotifierTypesCompareExactlyAndTheNotifyResultIsTheEventStatus) {
     _Opaque_ADMNotifier notifier{nullptr, kADMCloseHitNotifier, 0};
     EXPECT_TRUE(sADMNotifier->IsNotifierType(&notifier, "ADM Close Hit Notifier"));
     EXPECT_FALSE(sADMNotifier->IsNotifierType(&notifier, "ADM User Changed Notifier"));
     EXPECT_FALSE(sADMNotifier->IsNotifierType(&notifier, "ADM Close Hit"));
     EXPECT_FALSE(sADMNotifier->IsNotifierType(&notifier, nullptr));
-}
-
-TEST_F(Suites, TheNotifyResultIsTheEventStatus) {
     ADMDialogRef dialog = makeWindowDialog();
     sADMDialog->Show(dialog, true);
     add(dialog, 1, kADMTextPushButtonType);
 
-    _Opaque_ADMNotifier notifier{nullptr, kADMUserChangedNotifier, 0};
-    sADMDialog->DefaultNotify(dialog, &notifier);
-    EXPECT_EQ(-9874, notifier.result);
+    _Opaque_ADMNotifier changed{nullptr, kADMUserChangedNotifier, 0};
+    sADMDialog->DefaultNotify(dialog, &changed);
+    EXPECT_EQ(-9874, changed.result);
 
     recorder.notifyResult = -9874;
     EXPECT_EQ(eventNotHandledErr, platform::click(find(1)).eventStatus);

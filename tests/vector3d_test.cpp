@@ -20,37 +20,24 @@ void expectVec(const Vec& actual, double x, double y, double z)
 
 } // namespace
 
-TEST(VectorLength, ExactForPythagoreanTriple)
+TEST(VectorLength, ExactForAPythagoreanTripleAndZeroAtOrBelowTheThresholdOrForNaN)
 {
     EXPECT_EQ(Vec(3, 4, 0).Length(), 5.0);
-}
-
-TEST(VectorLength, AtOrBelowThresholdIsZero)
-{
     EXPECT_EQ(Vec(1e-13, 0, 0).Length(), 0.0);
     EXPECT_EQ(Vec(1e-12, 0, 0).Length(), 0.0);
     EXPECT_EQ(Vec(2e-12, 0, 0).Length(), 2e-12);
-}
-
-TEST(VectorLength, NaNIsZero)
-{
     EXPECT_EQ(Vec(std::nan(""), 1, 1).Length(), 0.0);
 }
 
 // One division, then multiplications: -3 * (1/5) differs from -3 / 5 in the last bit.
-TEST(VectorNormalize, ScalesToUnitLength)
+TEST(VectorNormalize, ScalesToUnitLengthAndTinyOrZeroBecomesZero)
 {
     Vec v(0, -3, 4);
     v.Normalize();
     expectVec(v, 0.0, -3.0 * (1.0 / 5.0), 4.0 * (1.0 / 5.0));
-}
-
-TEST(VectorNormalize, TinyOrZeroBecomesZero)
-{
     Vec zero;
     zero.Normalize();
     expectVec(zero, 0, 0, 0);
-
     Vec tiny(5e-13, -5e-13, 5e-13);
     tiny.Normalize();
     expectVec(tiny, 0, 0, 0);
@@ -64,24 +51,16 @@ TEST(VectorCross, FollowsOperandOrder)
     expectVec(Vec(1, 2, 3) * Vec(4, 5, 6), -3, 6, -3);
 }
 
-TEST(VectorAngle, RightStraightAndZero)
+TEST(VectorAngle, RightStraightAndZeroIgnoringLengthsAndZeroForAZeroVector)
 {
     EXPECT_DOUBLE_EQ(Vec(1, 0, 0) ^ Vec(0, 1, 0), math::Constant_Half_PI);
     EXPECT_EQ(Vec(1, 0, 0) ^ Vec(-2, 0, 0), math::Constant_PI);
     EXPECT_EQ(Vec(1, 0, 0) ^ Vec(5, 0, 0), 0.0);
-}
-
-TEST(VectorAngle, ZeroVectorGivesZero)
-{
+    EXPECT_DOUBLE_EQ(Vec(3, 0, 0) ^ Vec(-7, 7, 0), 3 * math::Constant_PI / 4);
     EXPECT_EQ(Vec(1, 2, 3) ^ Vec(0, 0, 0), 0.0);
     EXPECT_EQ(Vec(0, 0, 0) ^ Vec(-1, 0, 0), 0.0);
     // Product of squared lengths below the smallest normal float.
     EXPECT_EQ(Vec(1e-20, 0, 0) ^ Vec(0, 1e-20, 0), 0.0);
-}
-
-TEST(VectorAngle, IgnoresLengths)
-{
-    EXPECT_DOUBLE_EQ(Vec(3, 0, 0) ^ Vec(-7, 7, 0), 3 * math::Constant_PI / 4);
 }
 
 TEST(ClampedAcos, OutsideDomainClampsToEnds)
