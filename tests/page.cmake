@@ -2,7 +2,7 @@
 if(TARGET orbisett-host AND TARGET orbisett)
   find_program(NODE_EXECUTABLE node REQUIRED)
   add_test(NAME page_browser
-           COMMAND ${NODE_EXECUTABLE} --test --test-reporter=spec ${CMAKE_CURRENT_SOURCE_DIR}/page/browser_test.mjs)
+           COMMAND ${NODE_EXECUTABLE} --test --test-reporter=tap ${CMAKE_CURRENT_SOURCE_DIR}/page/browser_test.mjs)
   set_tests_properties(page_browser PROPERTIES
     TIMEOUT 600
     ENVIRONMENT "ORBISETT_HOST=$<TARGET_FILE:orbisett-host>;ORBISETT_PAGE_DIR=${CMAKE_SOURCE_DIR}/app/page;ORBISETT_PAGE_SHOTS=${CMAKE_CURRENT_BINARY_DIR}/page-shots")
