@@ -98,3 +98,37 @@ export function seenAt(camera, rects, x, y) {
   }
   return best;
 }
+
+// The rectangles that can lie under a pixel, by a grid of the canvas: each rectangle in the cells
+// its projected corners span, or in every cell when it reaches behind the eye. Spares `seenAt`
+// the scene's other rectangles when a screenshot of thousands is checked.
+export function screenIndex(camera, rects, cell = 32) {
+  const columns = Math.ceil(camera.width / cell) + 1;
+  const rows = Math.ceil(camera.height / cell) + 1;
+  const cells = Array.from({ length: columns * rows }, () => []);
+  const everywhere = [];
+  const clamp = (v, n) => Math.min(n - 1, Math.max(0, Math.floor(v / cell)));
+  for (const rect of rects) {
+    const seen = rect.corners.map((c) => project(camera, c));
+    if (seen.some((p) => p.depth <= 0)) {
+      everywhere.push(rect);
+      continue;
+    }
+    const xs = seen.map((p) => p.x);
+    const ys = seen.map((p) => p.y);
+    if (Math.max(...xs) < 0 || Math.max(...ys) < 0 || Math.min(...xs) > camera.width || Math.min(...ys) > camera.height) {
+      continue;
+    }
+    for (let row = clamp(Math.min(...ys), rows); row <= clamp(Math.max(...ys), rows); row += 1) {
+      for (let column = clamp(Math.min(...xs), columns); column <= clamp(Math.max(...xs), columns); column += 1) {
+        cells[row * columns + column].push(rect);
+      }
+    }
+  }
+  return (x, y) => {
+    if (x < 0 || y < 0 || x > camera.width || y > camera.height) {
+      return [];
+    }
+    return everywhere.concat(cells[clamp(y, rows) * columns + clamp(x, columns)]);
+  };
+}

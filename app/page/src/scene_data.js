@@ -30,7 +30,8 @@ export function cornersAt(corners, amount, from = 0, to = corners.after.length) 
   const { before, after } = corners;
   const out = new Float32Array(to - from);
   for (let i = from; i < to; i += 1) {
-    out[i - from] = before[i] + (after[i] - before[i]) * amount;
+    // Exactly one state or the other at the ends.
+    out[i - from] = before[i] * (1 - amount) + after[i] * amount;
   }
   return out;
 }
