@@ -245,12 +245,36 @@ void hideCoveredLabels(std::vector<Face>& faces, const std::vector<Item>& items)
     }
 }
 
-void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const Face& face)
+// Where thousands of faces crowd into a small part of the picture, outlines of a fixed width would
+// cover their fills, and the dark outlines of front faces would read as back faces. Outlines get
+// thinner until their ink is at most about a sixth of the area the faces span.
+double outlineWidth(const std::vector<Face>& faces)
+{
+    constexpr double kInk = 1.0 / 6, kThinnest = 0.2;
+    double perimeter = 0;
+    Point2 low{1e300, 1e300}, high{-1e300, -1e300};
+    for (const Face& face : faces) {
+        for (std::size_t k = 0; k < face.corners.size(); ++k) {
+            const Point2 p = face.corners[k], q = face.corners[(k + 1) % face.corners.size()];
+            perimeter += std::hypot(q.x - p.x, q.y - p.y);
+            low = {std::min(low.x, p.x), std::min(low.y, p.y)};
+            high = {std::max(high.x, p.x), std::max(high.y, p.y)};
+        }
+    }
+    const double span = std::clamp(high.x - low.x, 0.0, double{kWidth}) * std::clamp(high.y - low.y, 0.0, double{kHeight});
+    if (perimeter <= 0) {
+        return kFront.stroke_width;
+    }
+    return std::clamp(kInk * span / perimeter, kThinnest, kFront.stroke_width);
+}
+
+void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const Face& face, double outline)
 {
     svg.beginGroup(layer.name);
     svg.title(layer.name);
-    svg.polygon(face.corners, !layer.has_source ? kNoSource : face.front ? kFront : kBack,
-                face.front ? "front" : "back");
+    Style style = !layer.has_source ? kNoSource : face.front ? kFront : kBack;
+    style.stroke_width = outline;
+    svg.polygon(face.corners, style, face.front ? "front" : "back");
     if (const auto& label = face.label) {
         if (!layer.has_source) {
             svg.text(label->baseline, layer.name, TextStyle{label->size, "#17324f", "middle", "#f6f7f9"});
@@ -345,12 +369,13 @@ Preview drawPreview(const host::Project& project, const RunOutcome& outcome)
         }
     }
     hideCoveredLabels(faces, items);
+    const double outline = outlineWidth(faces);
     // Lines stay inside the scene's area, clear of the caption.
     const Area& bounds = area;
     for (std::size_t i = 0; i < items.size(); ++i) {
         const Item& item = items[i];
         if (item.layer != nullptr) {
-            drawLayer(svg, *item.layer, faces[i]);
+            drawLayer(svg, *item.layer, faces[i], outline);
         } else {
             drawSegment(svg, view, bounds, item.a, item.b, kOutline);
         }
