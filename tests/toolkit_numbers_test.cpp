@@ -6,24 +6,18 @@
 
 namespace {
 
-class EditNumbers : public ToolkitTest {
+class EditNumbers : public ToolkitWindowTest {
 protected:
     void SetUp() override {
-        ToolkitTest::SetUp();
-        dialog = makeWindowDialog();
+        ToolkitWindowTest::SetUp();
         edit = add(dialog, 7, kADMTextEditType);
         sADMItem->SetMinFloatValue(edit, 1);
         sADMItem->SetMaxFloatValue(edit, 100);
         sADMItem->SetFloatValue(edit, 5);
     }
-    void TearDown() override {
-        sADMDialog->Destroy(dialog);
-        ToolkitTest::TearDown();
-    }
     std::string shown() const { return platform::controlText(find(7)); }
     void type(const char* text) { ASSERT_TRUE(platform::typeText(find(7), text, platform::Force::yes).ok()); }
 
-    ADMDialogRef dialog = nullptr;
     ADMItemRef edit = nullptr;
 };
 
