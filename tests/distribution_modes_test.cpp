@@ -115,18 +115,6 @@ TEST_F(DistributionModesTest, EvenlySkipsRefusedSlotsAndLeavesLayersWithoutOne)
 
 // ---- Given steps ---------------------------------------------------------------------------------
 
-TEST_F(DistributionModesTest, GivenStepsFillRowsFromTheBottomUntilTheTop)
-{
-    given_steps(90, 0, 50);
-    set_float(EDIT_DIM_Y, 100);
-    begin_at(RADIO_BEGIN_FRONT);
-    place(13);
-    expect_places({{0, -50}, {90, -50}, {180, -50}, {270, -50}, {0, 0}, {90, 0}, {180, 0}, {270, 0}, {0, 50},
-                   {90, 50}, {180, 50}, {270, 50},
-                   // A fourth row would be at 100, above the top at 50.
-                   kUntouched});
-}
-
 TEST_F(DistributionModesTest, GivenStepsGrowByTheIncrementsWithinARowAndFromRowToRow)
 {
     // The max fields (45 and 50 by default) take no part: the steps grow past them.
