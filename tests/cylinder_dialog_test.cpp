@@ -218,6 +218,7 @@ TEST_F(CylinderDialogTest, FreshWindowHoldsThePinnedControls)
 
 TEST_F(CylinderDialogTest, WindowIsTitledSizedCentredHiddenAndNamesTheVersion)
 {
+    EXPECT_EQ("Orbisett", platform::windowTitle(window_));
     EXPECT_EQ("Orbisett", dlg().get_name());
     IASRect bounds{};
     sADMDialog->GetBoundsRect(dlg().dialog, &bounds);
