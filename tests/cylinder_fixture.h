@@ -11,21 +11,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <memory>
 #include <utility>
+#include <vector>
 
 // Opens the assistant's protected state to the tests.
 class CylinderDialog : public MainDlg {
 public:
     using MainDlg::MainDlg;
     using MainDlg::volumes;
-    using AssistantDlg::comp;
-    using AssistantDlg::comp_height;
-    using AssistantDlg::comp_width;
     using AssistantDlg::layers;
-    using AssistantDlg::max_height;
-    using AssistantDlg::max_width;
 };
 
 class CylinderTest : public ::testing::Test {
@@ -56,8 +53,6 @@ protected:
 
     MainDlg& dlg() { return *dlg_; }
     CylinderDialog& state() { return *dlg_; }
-    host::Host& host() { return *host_; }
-    WindowRef window() const { return window_; }
 
     // The platform control behind a dialog item, found as a user's automation would.
     ControlRef control(ADMInt32 id) const { return platform::findControlById(window_, id); }
@@ -72,6 +67,21 @@ protected:
     {
         for (ADMInt32 id : {RADIO_BEGIN_FRONT, RADIO_BEGIN_BACK, RADIO_BEGIN_LEFT, RADIO_BEGIN_RIGHT}) {
             set_bool(id, id == side);
+        }
+    }
+
+    // One of the three surface radios; with Sector, exactly the boxes given.
+    void surface(ADMInt32 id)
+    {
+        for (ADMInt32 r : {RADIO_WHOLE_CYLINDER, RADIO_SECTOR, RADIO_EQUATOR_ONLY}) {
+            set_bool(r, r == id);
+        }
+    }
+    void sectors(const std::vector<ADMInt32>& boxes)
+    {
+        surface(RADIO_SECTOR);
+        for (ADMInt32 id : {CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT}) {
+            set_bool(id, std::find(boxes.begin(), boxes.end(), id) != boxes.end());
         }
     }
 
@@ -101,12 +111,12 @@ protected:
         }
     }
 
-    // n records of 100 x 100.
-    void set_layer_count(int n)
+    // n records of that size.
+    void set_layer_count(int n, A_long width = 100, A_long height = 100)
     {
         set_layer_sizes({});
         for (int i = 0; i < n; ++i) {
-            dlg_->layers.push_back(record(i + 1, 100, 100));
+            dlg_->layers.push_back(record(i + 1, width, height));
         }
     }
 

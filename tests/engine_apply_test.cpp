@@ -99,9 +99,6 @@ TEST_F(Apply, UseCompCenterOffsetsTheWrittenPositionsOnly) {
     EXPECT_EQ(position(cards_[0]), vec(960, 540, 500));
     EXPECT_EQ(position(cards_[1]), vec(1060, 540, 500));
     EXPECT_DOUBLE_EQ(dlg().layers.front().position.val.three_d.x, 0);
-    set_check(kAssistantUseCompCenterId, false);
-    press_apply();
-    EXPECT_EQ(position(cards_[0]), vec(0, 0, 500));
 }
 
 TEST_F(Apply, OneUndoRestoresEverythingAndRemovesEveryCopy) {

@@ -56,8 +56,8 @@ inline std::vector<Scenario> scenarios() {
         {"idle refresh in panel", panel, Span::within, dialogOpen, [](SweepSession& s) { s.host().idle(); }},
         {"menu update", window, Span::within, dialogOpen, [](SweepSession& s) { s.host().updateMenus(); }},
         {"apply with keys", window, Span::within, keysOn, apply},
-        {"apply with repeats (layer suite 10)", window, Span::within, repeatsOn, apply},
-        {"apply with repeats (command 2080)", old_host, Span::within, repeatsOn, apply},
+        {"apply with repeats by layer suite 10", window, Span::within, repeatsOn, apply},
+        {"apply with repeats by command 2080", old_host, Span::within, repeatsOn, apply},
         {"unload", window, Span::shutdown, dialogOpen, [](SweepSession& s) { s.host().unloadPlugin(); }},
         {"unload with panel", panel, Span::shutdown, dialogOpen, [](SweepSession& s) { s.host().unloadPlugin(); }},
     };

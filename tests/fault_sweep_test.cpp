@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <cstdio>
@@ -143,25 +144,16 @@ TEST_P(FaultSweep, EveryHostCallFailsInTurn) {
                 scenario.name.c_str(), static_cast<int>(err), clean.calls, changed, escapes);
 }
 
-// A scenario's name as a test name: letters and digits, runs of anything else as one '_', ending in '_'.
+// A scenario's name as a test name: anything but letters and digits becomes '_'.
 std::string identifier(std::size_t scenario) {
-    const std::string scenario_name = scenarios()[scenario].name;
-    std::string name;
-    for (char c : scenario_name) {
-        if (std::isalnum(static_cast<unsigned char>(c))) {
-            name += c;
-        } else if (!name.empty() && name.back() != '_') {
-            name += '_';
-        }
-    }
-    if (name.back() != '_') {
-        name += '_';
-    }
+    std::string name = scenarios()[scenario].name;
+    const auto other = [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); };
+    std::replace_if(name.begin(), name.end(), other, '_');
     return name;
 }
 
 std::string testName(const ::testing::TestParamInfo<FaultSweep::ParamType>& info) {
-    return identifier(std::get<0>(info.param)) + "error" + std::to_string(std::get<1>(info.param));
+    return identifier(std::get<0>(info.param)) + "_error" + std::to_string(std::get<1>(info.param));
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, FaultSweep,
@@ -206,10 +198,7 @@ TEST_P(AllocationSweep, EveryAllocationOfThePlugInFailsInTurn) {
 
 // The moments whose hooks must catch: start-up, opening, idle refresh and the menu update.
 INSTANTIATE_TEST_SUITE_P(Scenarios, AllocationSweep, ::testing::Range<std::size_t>(0, 7),
-                         [](const ::testing::TestParamInfo<std::size_t>& info) {
-                             const std::string name = identifier(info.param);
-                             return name.substr(0, name.size() - 1);
-                         });
+                         [](const ::testing::TestParamInfo<std::size_t>& info) { return identifier(info.param); });
 
 // The sweep's own checks must see what they are there to see.
 TEST(SweepChecks, OneBitInOneKeyOrTheSelectionOrderChangesTheSnapshotAndNonFiniteKeysAreNamed) {

@@ -126,14 +126,6 @@ TEST(MatrixInverse, GeneralMatricesMultiplyBackFollowingThePivotOrderToTheBit)
     EXPECT_EQ(inverse.flags(), 0);
     expectNearIdentity(product(swaps, inverse));
     expectNearIdentity(product(inverse, swaps));
-
-    const Mat dense(3, -1, 2, 0.5, 0.25, 4, -2, 1, 1, 1, 5, -3, 0.1, 0.2, 0.3, 2);
-    expectNearIdentity(product(dense, dense.Inversed()));
-    const Vec p(1, -2, 0.5);
-    const Vec back = dense.Inversed() * (dense * p);
-    EXPECT_NEAR(back.x, p.x, 1e-14);
-    EXPECT_NEAR(back.y, p.y, 1e-14);
-    EXPECT_NEAR(back.z, p.z, 1e-14);
     // Ties between equal magnitudes and the order of the column swaps both change the last bits;
     // the expected values come from a separate run of the same elimination.
     const Mat m(-3, 2, -2, 7, 0, 5, -1, 0, 1, 0, -2, 5, -1, 3, 7, 0);

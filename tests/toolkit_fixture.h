@@ -110,3 +110,18 @@ protected:
     ControlRef panelView = nullptr;
     static inline std::string lastPanelTitle;
 };
+
+// A shown window dialog for the test, destroyed after it.
+class ToolkitWindowTest : public ToolkitTest {
+protected:
+    void SetUp() override {
+        ToolkitTest::SetUp();
+        dialog = makeWindowDialog();
+        sADMDialog->Show(dialog, true);
+    }
+    void TearDown() override {
+        sADMDialog->Destroy(dialog);
+        ToolkitTest::TearDown();
+    }
+    ADMDialogRef dialog = nullptr;
+};

@@ -6,24 +6,18 @@
 
 namespace {
 
-class EditNumbers : public ToolkitTest {
+class EditNumbers : public ToolkitWindowTest {
 protected:
     void SetUp() override {
-        ToolkitTest::SetUp();
-        dialog = makeWindowDialog();
+        ToolkitWindowTest::SetUp();
         edit = add(dialog, 7, kADMTextEditType);
         sADMItem->SetMinFloatValue(edit, 1);
         sADMItem->SetMaxFloatValue(edit, 100);
         sADMItem->SetFloatValue(edit, 5);
     }
-    void TearDown() override {
-        sADMDialog->Destroy(dialog);
-        ToolkitTest::TearDown();
-    }
     std::string shown() const { return platform::controlText(find(7)); }
     void type(const char* text) { ASSERT_TRUE(platform::typeText(find(7), text, platform::Force::yes).ok()); }
 
-    ADMDialogRef dialog = nullptr;
     ADMItemRef edit = nullptr;
 };
 
@@ -40,7 +34,6 @@ TEST_F(EditNumbers, ValuesAreShownWithoutTrailingZerosInFieldsOnly) {
     EXPECT_EQ("-0.25", formatted(edit, -0.25f));
     EXPECT_EQ("0.333333", formatted(edit, 1.0f / 3.0f));
     // Zeros before the decimal point belong to the number.
-    EXPECT_EQ("100", formatted(edit, 100.0f));
     EXPECT_EQ("1200", formatted(edit, 1200.0f));
     EXPECT_EQ("0.05", formatted(edit, 0.05f));
     char text[4];

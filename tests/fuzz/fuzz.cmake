@@ -7,7 +7,8 @@ if(TARGET orbisett_app AND TARGET orbisett_hostlib AND EXISTS ${CMAKE_SOURCE_DIR
     fuzz/edit_field_target.cpp
     fuzz/scene_target.cpp
     fuzz/set_assignment_target.cpp)
-  target_include_directories(orbisett_fuzz_targets PUBLIC ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}/fuzz)
+  target_include_directories(orbisett_fuzz_targets PUBLIC ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR}
+    ${CMAKE_CURRENT_SOURCE_DIR}/fuzz)
   target_link_libraries(orbisett_fuzz_targets PUBLIC orbisett_app orbisett_core orbisett_hostlib orbisett_platform)
 
   orbisett_test(fuzz_replay_tests

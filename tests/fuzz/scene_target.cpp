@@ -2,35 +2,12 @@
 // written form reads back to itself.
 #include "fuzz_targets.h"
 
+#include "fault_sweep_snapshot.h"
 #include "host/scene_file.h"
 
-#include <cmath>
 #include <string>
 
 namespace fuzz {
-
-namespace {
-
-bool allFinite(const host::Project& project) {
-    const auto finite = [](const host::Vec3& v) { return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z); };
-    for (const host::Comp& comp : project.comps) {
-        for (const host::Layer& layer : comp.layers) {
-            for (const host::Property& prop : layer.props) {
-                if (!finite(prop.value)) {
-                    return false;
-                }
-                for (const host::Keyframe& key : prop.keys) {
-                    if (!finite(key.value)) {
-                        return false;
-                    }
-                }
-            }
-        }
-    }
-    return true;
-}
-
-}  // namespace
 
 std::string sceneFile(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
@@ -42,7 +19,7 @@ std::string sceneFile(const std::uint8_t* data, std::size_t size) {
     }
     host::Host first;
     host::applyScene(first, scene);
-    if (!allFinite(first.project())) {
+    if (!sweep::nonFiniteValues(first.project()).empty()) {
         return "a scene with a value that is not finite was accepted";
     }
     const std::string written = host::sceneText(first);
