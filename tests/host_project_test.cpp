@@ -28,18 +28,6 @@ TEST(HostProperty, InterpolatesLinearlyBetweenKeysAndHoldsOutside) {
     EXPECT_EQ(far.valueAt(A_Time{2, 1}), (Vec3{0, 0, 5}));
 }
 
-TEST(HostProperty, KeysStaySortedAndOnePerTime) {
-    host::Property p;
-    EXPECT_EQ(0, p.insertKey(A_Time{20, 30}, Vec3{2, 0, 0}));
-    EXPECT_EQ(0, p.insertKey(A_Time{10, 30}, Vec3{1, 0, 0}));
-    EXPECT_EQ(2, p.insertKey(A_Time{30, 30}, Vec3{3, 0, 0}));
-    EXPECT_EQ(1, p.insertKey(A_Time{2, 3}, Vec3{9, 9, 9}));  // 20/30: the key there is kept
-    ASSERT_EQ(3u, p.keys.size());
-    EXPECT_EQ(p.keys[1].value, (Vec3{2, 0, 0}));
-    EXPECT_EQ(1, p.setKey(A_Time{20, 30}, Vec3{5, 0, 0}));
-    EXPECT_EQ(p.keys[1].value, (Vec3{5, 0, 0}));
-}
-
 using HostReading = HostFixture;
 
 TEST_F(HostReading, ActiveItemIsTheCompositionWithItsSizeOrFootageOrNothing) {
