@@ -9,12 +9,14 @@ using nlohmann::json;
 
 class Runs : public apptest::ToolTest {};
 
-TEST_F(Runs, UndoRestoresTheSceneAsItWasReadAndAWrittenSceneRunsAgainToTheSame)
+TEST_F(Runs, UndoRestoresTheSceneAsItWasReadCopiesGoneAndAWrittenSceneRunsAgainToTheSame)
 {
     const std::string scene = writeScene("s.json", cardScene(5));
     const apptest::ToolRun untouched = run({scene, "--no-apply", "--out", path("untouched.json")});
     ASSERT_EQ(untouched.status, 0) << untouched.err;
-    const apptest::ToolRun undone = run({scene, "--set", "RADIO_INWARD=on", "--undo", "--out", path("undone.json")});
+    // The copies a run made go with its undo too.
+    const apptest::ToolRun undone = run({scene, "--set", "RADIO_INWARD=on", "--set", "CHECK_REPEAT_LAYERS=on", "--undo",
+                                         "--out", path("undone.json")});
     ASSERT_EQ(undone.status, 0) << undone.err;
 
     const json before = json::parse(apptest::readFile(path("untouched.json")));

@@ -41,8 +41,6 @@ TEST_F(HostDuplicate, CommandDuplicatesTheSelectionAndSelectsTheCopiesInAComposi
     EXPECT_EQ(cc.layers[0].id, cc.selection[1]);  // the copy of A
     EXPECT_EQ(c, cc.layers[3].copy_of);
     EXPECT_EQ(a, cc.layers[0].copy_of);
-    ASSERT_FALSE(h.commandLog().empty());
-    EXPECT_TRUE(h.commandLog().back().handled_by_host);
     // On its own the command is one undo step of the host.
     ASSERT_EQ(1u, h.undoGroups().size());
     EXPECT_TRUE(h.undo());

@@ -132,7 +132,7 @@ TEST_F(HostHooks, BeforeHooksThenTheHostThenAfterHooksWithTheHandledFlagChained)
     EXPECT_FALSE(h.commandLog()[0].handled_by_host);
 }
 
-TEST_F(HostHooks, CommandsNoHookHandlesFallToTheHost) {
+TEST_F(HostHooks, CommandsNoHookHandlesFallToTheHostAndAHookThatHandlesOneTakesItOver) {
     ASSERT_EQ(A_Err_NONE, registry()->AEGP_RegisterCommandHook(1, AEGP_HP_BeforeAE, 0, catchAll, nullptr));
     h.project().select(comp, {a});
     ASSERT_EQ(A_Err_NONE, h.doCommand(AEGP_Command_DUPLICATE));
@@ -141,14 +141,11 @@ TEST_F(HostHooks, CommandsNoHookHandlesFallToTheHost) {
     // A command that nobody, not even the host, handles.
     EXPECT_EQ(A_Err_PARAMETER, h.doCommand(g_item));
     EXPECT_FALSE(h.commandLog().back().handled);
-}
-
-TEST_F(HostHooks, AHookThatHandlesTheHostsCommandTakesItOver) {
     ASSERT_EQ(A_Err_NONE,
               registry()->AEGP_RegisterCommandHook(1, AEGP_HP_BeforeAE, AEGP_Command_DUPLICATE, firstHook, nullptr));
-    h.project().select(comp, {a});
     ASSERT_EQ(A_Err_NONE, h.doCommand(AEGP_Command_DUPLICATE));
-    EXPECT_EQ(3u, h.project().comp(comp)->layers.size());
+    EXPECT_EQ(4u, h.project().comp(comp)->layers.size());
+    EXPECT_FALSE(h.commandLog().back().handled_by_host);
 }
 
 TEST_F(HostHooks, EscapedExceptionsAreRecordedAndTheHostGoesOn) {

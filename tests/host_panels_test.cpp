@@ -61,7 +61,7 @@ protected:
     const AEGP_PanelSuite1* ps = nullptr;
 };
 
-TEST_F(HostPanels, FirstToggleCreatesTheViewAndCallsTheHookThenShows) {
+TEST_F(HostPanels, FirstToggleCreatesTheViewAndCallsTheHookThenTogglesHideAndShow) {
     EXPECT_FALSE(h.panelCreated("DE_Orbisett v1.3"));
     ASSERT_EQ(A_Err_NONE, ps->AEGP_ToggleVisibility(text("DE_Orbisett v1.3")));
     EXPECT_EQ(1, g_created.calls);
@@ -77,10 +77,7 @@ TEST_F(HostPanels, FirstToggleCreatesTheViewAndCallsTheHookThenShows) {
     ASSERT_EQ(A_Err_NONE, ps->AEGP_IsShown(text("DE_Orbisett v1.3"), &shown, &front));
     EXPECT_EQ(1, shown);
     EXPECT_EQ(1, front);
-}
-
-TEST_F(HostPanels, LaterTogglesHideAndShowWithoutCreatingAgain) {
-    ps->AEGP_ToggleVisibility(text("DE_Orbisett v1.3"));
+    // Later toggles hide and show it without creating it again.
     ps->AEGP_ToggleVisibility(text("DE_Orbisett v1.3"));
     EXPECT_FALSE(h.panelShown("DE_Orbisett v1.3"));
     EXPECT_FALSE(platform::isEffectivelyVisible(g_created.view));
@@ -90,17 +87,13 @@ TEST_F(HostPanels, LaterTogglesHideAndShowWithoutCreatingAgain) {
     EXPECT_EQ(1, g_created.calls);
 }
 
-TEST_F(HostPanels, DrawingReachesTheViewsHandlers) {
+TEST_F(HostPanels, DrawingReachesTheViewsHandlersAndSnapSizesThePluginsFunctionsOnceCreated) {
     EXPECT_EQ(eventNotHandledErr, h.drawPanel("DE_Orbisett v1.3").status);
+    EXPECT_TRUE(h.panelSnapSizes("DE_Orbisett v1.3").empty());
     h.togglePanel("DE_Orbisett v1.3");
     EXPECT_TRUE(h.panelPaintsBackground("DE_Orbisett v1.3"));
     EXPECT_EQ(noErr, h.drawPanel("DE_Orbisett v1.3").status);
     EXPECT_EQ(1, g_created.draws);
-}
-
-TEST_F(HostPanels, SnapSizesComeFromThePluginsFunctions) {
-    EXPECT_TRUE(h.panelSnapSizes("DE_Orbisett v1.3").empty());
-    h.togglePanel("DE_Orbisett v1.3");
     const std::vector<A_LPoint> sizes = h.panelSnapSizes("DE_Orbisett v1.3");
     ASSERT_EQ(1u, sizes.size());
     EXPECT_EQ(320, sizes[0].x);

@@ -9,7 +9,7 @@ using host::Vec3;
 
 namespace {
 
-TEST(HostProperty, InterpolatesLinearlyBetweenKeysHoldsOutsideAndWithoutKeysHoldsTheValue) {
+TEST(HostProperty, InterpolatesLinearlyBetweenKeysAndHoldsOutside) {
     host::Property p;
     p.value = Vec3{7, 7, 7};
     p.insertKey(A_Time{0, 30}, Vec3{0, 0, 0});
@@ -26,23 +26,6 @@ TEST(HostProperty, InterpolatesLinearlyBetweenKeysHoldsOutsideAndWithoutKeysHold
     far.insertKey(A_Time{4, 1}, Vec3{1e308, -1e308, 5});
     EXPECT_EQ(far.valueAt(A_Time{1, 1}), (Vec3{-0.5e308, 0.5e308, 5}));
     EXPECT_EQ(far.valueAt(A_Time{2, 1}), (Vec3{0, 0, 5}));
-    // Without keys the value holds at every time.
-    host::Property plain;
-    plain.value = Vec3{1, 2, 3};
-    EXPECT_EQ(plain.valueAt(A_Time{-100, 1}), (Vec3{1, 2, 3}));
-    EXPECT_EQ(plain.valueAt(A_Time{100, 1}), (Vec3{1, 2, 3}));
-}
-
-TEST(HostProperty, KeysStaySortedAndOnePerTime) {
-    host::Property p;
-    EXPECT_EQ(0, p.insertKey(A_Time{20, 30}, Vec3{2, 0, 0}));
-    EXPECT_EQ(0, p.insertKey(A_Time{10, 30}, Vec3{1, 0, 0}));
-    EXPECT_EQ(2, p.insertKey(A_Time{30, 30}, Vec3{3, 0, 0}));
-    EXPECT_EQ(1, p.insertKey(A_Time{2, 3}, Vec3{9, 9, 9}));  // 20/30: the key there is kept
-    ASSERT_EQ(3u, p.keys.size());
-    EXPECT_EQ(p.keys[1].value, (Vec3{2, 0, 0}));
-    EXPECT_EQ(1, p.setKey(A_Time{20, 30}, Vec3{5, 0, 0}));
-    EXPECT_EQ(p.keys[1].value, (Vec3{5, 0, 0}));
 }
 
 using HostReading = HostFixture;

@@ -137,7 +137,6 @@ TEST_F(ControlTest, IdsCommandsAndStateAreKeptAndStaleReferencesAreHarmless) {
   ControlRef found = nullptr;
   EXPECT_EQ(noErr, GetControlByID(w, &id, &found));
   EXPECT_EQ(box, found);
-  EXPECT_EQ(box, platform::findControlById(w, 42));
   SetControlCommandID(box, 0x4441444D);
   UInt32 command = 0;
   GetControlCommandID(box, &command);
@@ -183,7 +182,7 @@ TEST_F(ControlTest, ViewsKeepOneSuperviewAndOrderBackToFront) {
   EXPECT_EQ(0u, platform::liveCounts().controls);
 }
 
-TEST_F(ControlTest, ThemeTextDimensionsComeFromTheWidthTableAndFontsByPascalName) {
+TEST_F(ControlTest, ThemeTextDimensionsComeFromTheWidthTableOrThePortsFontAndFontsByPascalName) {
   Str apply("Apply");
   Point p{0, 0};
   SInt16 baseline = 0;
@@ -200,6 +199,12 @@ TEST_F(ControlTest, ThemeTextDimensionsComeFromTheWidthTableAndFontsByPascalName
   p = Point{0, 30};
   ASSERT_EQ(noErr, GetThemeTextDimensions(words, kThemeSmallSystemFont, kThemeStateActive, true, &p, nullptr));
   EXPECT_EQ(42, p.v); // "one two" is 38 pixels wide: one word a line
+  // The current port's font is the one last set with UseThemeFont.
+  p = Point{0, 0};
+  UseThemeFont(kThemeMiniSystemFont, smSystemScript);
+  GetThemeTextDimensions(apply, kThemeCurrentPortFont, kThemeStateActive, false, &p, nullptr);
+  EXPECT_EQ(22, p.h);
+  EXPECT_EQ(12, p.v);
   const unsigned char courier[] = "\x07" "Courier";
   const unsigned char unknown[] = "\x05" "Nadir";
   EXPECT_EQ(kFontIDCourier, FMGetFontFamilyFromName(courier));

@@ -189,10 +189,6 @@ TEST_F(DriverTest, DefaultDisplayAndReplacedList) {
   EXPECT_EQ(1u, platform::displays().size());
 }
 
-} // namespace
-
-namespace {
-
 struct PanelCloser {
   ControlRef panel = nullptr;
 };
@@ -218,15 +214,6 @@ TEST_F(DriverTest, ACommandHandlerMayDisposeThePanelItLivesIn) {
   EXPECT_EQ(0, counter.commands); // the disposed panel's handler is not reached
   EXPECT_EQ(0u, platform::liveCounts().controls);
   EXPECT_EQ(platform::kDriverNoSuchObject, platform::click(button).refused);
-}
-
-TEST_F(DriverTest, UseThemeFontSetsTheCurrentPortFont) {
-  Str text("Apply");
-  Point p{0, 0};
-  UseThemeFont(kThemeMiniSystemFont, smSystemScript);
-  GetThemeTextDimensions(text, kThemeCurrentPortFont, kThemeStateActive, false, &p, nullptr);
-  EXPECT_EQ(22, p.h);
-  EXPECT_EQ(12, p.v);
 }
 
 } // namespace

