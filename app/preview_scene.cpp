@@ -79,19 +79,4 @@ std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::C
     return placed;
 }
 
-CylinderShape cylinderFromSettings(const nlohmann::json& settings, const host::Comp& comp)
-{
-    // The centre is entered with Y up and Z toward the viewer, relative to the composition's
-    // middle when "Use Comp Center" is on.
-    const bool comp_centre = settingOn(settings, "CHECK_USE_COMP_CENTER");
-    CylinderShape shape;
-    shape.centre = {settingNumber(settings, "EDIT_SPHERE_CENTER_X") + (comp_centre ? 0.5 * comp.width : 0.0),
-                    -settingNumber(settings, "EDIT_SPHERE_CENTER_Y") + (comp_centre ? 0.5 * comp.height : 0.0),
-                    -settingNumber(settings, "EDIT_SPHERE_CENTER_Z")};
-    shape.half_x = 0.5 * settingNumber(settings, "EDIT_DIM_X");
-    shape.half_z = 0.5 * settingNumber(settings, "EDIT_DIM_Z");
-    shape.height = settingNumber(settings, "EDIT_DIM_Y");
-    return shape;
-}
-
 }  // namespace app

@@ -24,13 +24,6 @@ struct PlacedLayer {
     Vec3 normal;                   // the visible face's unit normal, from the drawn corners
 };
 
-struct CylinderShape {
-    Vec3 centre;            // host frame
-    double half_x = 0;      // half-axis along X
-    double half_z = 0;      // half-axis along Z
-    double height = 0;      // along Y; the top lies at centre.y - height / 2
-};
-
 // The composition the tool reports on: the active one, or the first.
 const host::Comp* reportedComp(const host::Project& project);
 
@@ -43,10 +36,5 @@ std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::C
 // A rectangle of size w x h, anchor at its centre, scaled (percent), turned and moved.
 PlacedLayer placeRectangle(double width, double height, const Vec3& position, const Vec3& scale,
                            const Vec3& orientation, const Vec3& rotation);
-
-// The cylinder of the dialog's box and centre fields, as the settings held them (edit values
-// clamped to their ranges, as the plug-in reads them; controls missing from `settings` take
-// their initial values). The surface a run used can differ: see RunOutcome.
-CylinderShape cylinderFromSettings(const nlohmann::json& settings, const host::Comp& comp);
 
 }  // namespace app
