@@ -97,21 +97,17 @@ TEST_F(HostSuites, AcquireAndReleaseCanBeMadeToFail) {
 }
 
 TEST_F(HostSuites, EveryCallOfAFunctionFailsUntilClearedAndUndisposedHandlesShow) {
-    auto* ss = streams();
-    AEGP_StreamRefH s = nullptr;
-    ss->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_POSITION, &s);
+    AEGP_StreamRefH s = openStream(a, AEGP_LayerStream_POSITION);
     h.failFunction("AEGP_SetStreamValue", 77);
-    AEGP_StreamValue v{};
-    v.val.three_d = AEGP_ThreeDVal{1, 2, 3};
-    EXPECT_EQ(77, ss->AEGP_SetStreamValue(1, s, &v));
-    EXPECT_EQ(77, ss->AEGP_SetStreamValue(1, s, &v));
+    EXPECT_EQ(77, writeStream(s, 1, 2, 3));
+    EXPECT_EQ(77, writeStream(s, 1, 2, 3));
     EXPECT_EQ(h.project().layer(a)->prop(Prop::position).value, (Vec3{0, 0, 0}));
     h.clearFaults();
-    EXPECT_EQ(A_Err_NONE, ss->AEGP_SetStreamValue(1, s, &v));
+    EXPECT_EQ(A_Err_NONE, writeStream(s, 1, 2, 3));
     EXPECT_EQ(h.project().layer(a)->prop(Prop::position).value, (Vec3{1, 2, 3}));
-    ss->AEGP_DisposeStream(s);
+    streams()->AEGP_DisposeStream(s);
     // Undisposed streams and collections show.
-    ss->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_SCALE, &s);
+    openStream(a, AEGP_LayerStream_SCALE);
     AEGP_CollectionH coll = nullptr;
     collections()->AEGP_NewCollection(1, &coll);
     AEGP_CollectionH selection = nullptr;

@@ -16,11 +16,7 @@ TEST_F(HostDuplicate, DuplicateLayerPutsTheCopyDirectlyAboveAndKeepsTheSelection
     AEGP_LayerH copy = nullptr;
     ASSERT_EQ(A_Err_NONE, layers()->AEGP_DuplicateLayer(h.layerHandle(b), &copy));
     EXPECT_EQ((std::vector<std::string>{"A", "B", "B", "C"}), layerNames());
-    A_long index = -1;
-    layers()->AEGP_GetLayerIndex(copy, &index);
-    EXPECT_EQ(1, index);
-    layers()->AEGP_GetLayerIndex(h.layerHandle(b), &index);
-    EXPECT_EQ(2, index);
+    EXPECT_EQ(h.layerId(copy), h.project().comp(comp)->layers[1].id);
     EXPECT_EQ((std::vector<host::Id>{c, b}), h.project().comp(comp)->selection);
 
     const host::Layer& dup = *h.project().layer(h.layerId(copy));
@@ -56,18 +52,13 @@ using HostUndo = HostFixture;
 TEST_F(HostUndo, UndoRestoresValuesOrderSelectionAndRemovesCopies) {
     auto* ut = utility();
     auto* ls = layers();
-    auto* ss = streams();
     h.project().select(comp, {a, b});
     ASSERT_EQ(A_Err_NONE, ut->AEGP_StartUndoGroup("Orbisett"));
-    AEGP_StreamRefH s = nullptr;
-    ss->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_POSITION, &s);
-    AEGP_StreamValue v{};
-    v.streamH = s;
-    v.val.three_d = AEGP_ThreeDVal{5, 6, 7};
-    ss->AEGP_SetStreamValue(1, s, &v);
+    AEGP_StreamRefH s = openStream(a, AEGP_LayerStream_POSITION);
+    writeStream(s, 5, 6, 7);
     const A_Time now{10, 30};
     keys()->AEGP_InsertKeyframe(s, AEGP_LTimeMode_CompTime, &now, nullptr);
-    ss->AEGP_DisposeStream(s);
+    streams()->AEGP_DisposeStream(s);
     AEGP_LayerH copy = nullptr;
     ls->AEGP_DuplicateLayer(h.layerHandle(b), &copy);
     ls->AEGP_ReorderLayer(h.layerHandle(c), 0);
@@ -126,11 +117,8 @@ TEST_F(HostUndo, GroupsNestOnlyTheOutermostIsAStepAndStepsUndoInReverseOrder) {
 TEST_F(HostUndo, AStepListsTheLayersItSetInTheOrderOfTheirFirstChange) {
     auto* ut = utility();
     auto set = [&](host::Id layer, AEGP_LayerStream which) {
-        AEGP_StreamRefH s = nullptr;
-        ASSERT_EQ(A_Err_NONE, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(layer), which, &s));
-        AEGP_StreamValue v{};
-        v.streamH = s;
-        streams()->AEGP_SetStreamValue(1, s, &v);
+        AEGP_StreamRefH s = openStream(layer, which);
+        writeStream(s, 0, 0, 0);
         streams()->AEGP_DisposeStream(s);
     };
     set(c, AEGP_LayerStream_POSITION);  // outside any group: no step records it

@@ -49,6 +49,19 @@ protected:
         return suite<AEGP_RegisterSuite1>(kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1);
     }
 
+    // A stream of the layer's property; the test disposes it.
+    AEGP_StreamRefH openStream(host::Id layer, AEGP_LayerStream which) {
+        AEGP_StreamRefH s = nullptr;
+        EXPECT_EQ(A_Err_NONE, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(layer), which, &s));
+        return s;
+    }
+    A_Err writeStream(AEGP_StreamRefH s, double x, double y, double z) {
+        AEGP_StreamValue v{};
+        v.streamH = s;
+        v.val.three_d = AEGP_ThreeDVal{x, y, z};
+        return streams()->AEGP_SetStreamValue(1, s, &v);
+    }
+
     // Names of the composition's layers in layer order.
     std::vector<std::string> layerNames() {
         std::vector<std::string> names;

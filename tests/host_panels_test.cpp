@@ -123,11 +123,10 @@ TEST_F(HostPanels, DisposingSendsTheDisposeEventTheNextToggleCreatesAgainAndUnkn
     EXPECT_TRUE(h.panelNames().empty());
 }
 
-TEST(HostAppColors, PanelBackgroundAndTextColours) {
-    host::Host h;
-    const void* table = nullptr;
-    ASSERT_EQ(A_Err_NONE, h.basicSuite()->AcquireSuite(kPFAppSuite, kPFAppSuiteVersion2, &table));
-    auto* app = static_cast<const PFAppSuite2*>(table);
+using HostAppColors = HostFixture;
+
+TEST_F(HostAppColors, PanelBackgroundAndTextColours) {
+    auto* app = suite<PFAppSuite2>(kPFAppSuite, kPFAppSuiteVersion2);
     PF_App_Color bg{}, fg{};
     ASSERT_EQ(A_Err_NONE, app->PF_AppGetColor(host::kHostColorPanelBackground, &bg));
     ASSERT_EQ(A_Err_NONE, app->PF_AppGetColor(host::kHostColorText, &fg));
@@ -137,7 +136,6 @@ TEST(HostAppColors, PanelBackgroundAndTextColours) {
     PF_App_Color untouched{1, 2, 3};
     EXPECT_EQ(A_Err_PARAMETER, app->PF_AppGetColor(123456, &untouched));
     EXPECT_EQ(1, untouched.red);
-    h.basicSuite()->ReleaseSuite(kPFAppSuite, kPFAppSuiteVersion2);
 }
 
 }  // namespace

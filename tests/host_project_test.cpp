@@ -65,7 +65,6 @@ TEST_F(HostReading, ActiveItemIsTheCompositionWithItsSizeOrFootageOrNothing) {
 
 TEST_F(HostReading, LayerOrderAttributesAndCurrentTime) {
     auto* ls = layers();
-    auto* is = items();
     const AEGP_CompH ch = h.compHandle(comp);
     A_long n = 0;
     ASSERT_EQ(A_Err_NONE, ls->AEGP_GetCompNumLayers(ch, &n));
@@ -86,12 +85,10 @@ TEST_F(HostReading, LayerOrderAttributesAndCurrentTime) {
     ASSERT_EQ(A_Err_NONE, ls->AEGP_IsLayer3D(h.layerHandle(c), &three_d));
     EXPECT_EQ(0, three_d);
 
+    // The source's size is read through the item suite (HostLookup).
     AEGP_ItemH source = nullptr;
     ASSERT_EQ(A_Err_NONE, ls->AEGP_GetLayerSourceItem(h.layerHandle(a), &source));
-    A_long w = 0, hh = 0;
-    ASSERT_EQ(A_Err_NONE, is->AEGP_GetItemDimensions(source, &w, &hh));
-    EXPECT_EQ(400, w);
-    EXPECT_EQ(300, hh);
+    EXPECT_EQ(h.itemHandle(footage), source);
     ASSERT_EQ(A_Err_NONE, ls->AEGP_GetLayerSourceItem(h.layerHandle(b), &source));
     EXPECT_EQ(nullptr, source);
 
@@ -225,7 +222,6 @@ TEST_F(HostLookup, HostCallsOnAHugeProjectDoNotWalkIt) {
     }
     auto* ls = layers();
     auto* is = items();
-    auto* ss = streams();
     p.layer(ids[0]);  // the first lookup indexes the layers once
 
     const std::size_t before = p.lookupVisits();
@@ -239,12 +235,9 @@ TEST_F(HostLookup, HostCallsOnAHugeProjectDoNotWalkIt) {
         A_long w = 0, hh = 0;
         ASSERT_EQ(A_Err_NONE, is->AEGP_GetItemDimensions(source, &w, &hh));
         EXPECT_EQ(10 + static_cast<A_long>(i % 7), w);
-        AEGP_StreamRefH stream = nullptr;
-        ASSERT_EQ(A_Err_NONE, ss->AEGP_GetNewLayerStream(1, layer, AEGP_LayerStream_POSITION, &stream));
-        AEGP_StreamValue value{};
-        value.streamH = stream;
-        ASSERT_EQ(A_Err_NONE, ss->AEGP_SetStreamValue(1, stream, &value));
-        ASSERT_EQ(A_Err_NONE, ss->AEGP_DisposeStream(stream));
+        const AEGP_StreamRefH stream = openStream(ids[i], AEGP_LayerStream_POSITION);
+        ASSERT_EQ(A_Err_NONE, writeStream(stream, 0, 0, 0));
+        ASSERT_EQ(A_Err_NONE, streams()->AEGP_DisposeStream(stream));
         AEGP_LayerH copy = nullptr;
         ASSERT_EQ(A_Err_NONE, ls->AEGP_DuplicateLayer(layer, &copy));
         // Earlier copies sit above: the layer moved down by one for each.

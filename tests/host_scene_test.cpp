@@ -1,8 +1,7 @@
 // Scene files: reading, writing with copies, undo groups and reports, bit-exact round trips,
 // and a clear message for every kind of bad file.
 #include "host/scene_file.h"
-
-#include <gtest/gtest.h>
+#include "host_fixture.h"
 
 #include <cmath>
 #include <cstdio>
@@ -31,18 +30,26 @@ const char* const kScene = R"({
   "settings": {"EDIT_DIM_X": "1200"}
 })";
 
+using HostScene = HostFixture;
+
 bool sameBits(double x, double y) { return std::memcmp(&x, &y, sizeof x) == 0; }
 
-std::string messageOf(const std::string& text) {
+// The message of the scene error `read` throws.
+template <typename Read>
+std::string errorOf(Read read) {
     try {
-        host::parseScene(text, "bad.json");
+        read();
     } catch (const host::SceneError& e) {
         return e.what();
     }
     return "accepted";
 }
 
-TEST(HostScene, ReadsCompositionLayersKeysSelectionAndTheHostsSuiteOffer) {
+std::string messageOf(const std::string& text) {
+    return errorOf([&] { host::parseScene(text, "bad.json"); });
+}
+
+TEST_F(HostScene, ReadsCompositionLayersKeysSelectionAndTheHostsSuiteOffer) {
     const host::Scene scene = host::parseScene(kScene, "scene.json");
     EXPECT_FALSE(scene.panels);
     ASSERT_EQ(1u, scene.withhold.size());
@@ -73,15 +80,13 @@ TEST(HostScene, ReadsCompositionLayersKeysSelectionAndTheHostsSuiteOffer) {
     const host::Scene unlisted = host::parseScene(text, "scene.json");
     const host::Comp& in_order = unlisted.project.comps[0];
     EXPECT_EQ((std::vector<host::Id>{in_order.layers[0].id, in_order.layers[1].id}), in_order.selection);
-    host::Host h;
     h.withholdSuite(kAEGPStreamSuite, 4);
     host::applyScene(h, host::parseScene(kScene, "scene.json"));
     EXPECT_EQ((std::vector<std::string>{"AEGP Layer Suite/10", "AEGP Workspace Panel Suite/1"}), h.withheldSuites());
     EXPECT_EQ(3u, h.project().activeComp()->layers.size());
 }
 
-TEST(HostScene, WrittenAndSavedScenesReadBackBitExact) {
-    host::Host h;
+TEST_F(HostScene, WrittenAndSavedScenesReadBackBitExact) {
     host::applyScene(h, host::parseScene(kScene, "scene.json"));
     host::Comp& c = *h.project().activeComp();
     const double awkward[] = {0.1 + 0.2, std::acos(-1.0), 1e-300, -123456789.123456789, 5e-324, 1.0 / 3.0};
@@ -116,19 +121,15 @@ TEST(HostScene, WrittenAndSavedScenesReadBackBitExact) {
     std::remove(path.c_str());
 }
 
-TEST(HostScene, OutputCarriesCopiesUndoGroupsReportsAndSettings) {
-    host::Host h;
+TEST_F(HostScene, OutputCarriesCopiesUndoGroupsReportsAndSettings) {
     host::applyScene(h, host::parseScene(kScene, "scene.json"));
-    const void* table = nullptr;
-    h.basicSuite()->AcquireSuite(kAEGPUtilitySuite, 3, &table);
-    auto* ut = static_cast<const AEGP_UtilitySuite3*>(table);
+    auto* ut = utility();
     ut->AEGP_StartUndoGroup("Orbisett");
     host::Comp& c = *h.project().activeComp();
     const host::Id copy = h.project().duplicate(c.layers[1].id);   // a copy of layer 2
     h.project().duplicate(copy);                                    // a copy of that copy
     ut->AEGP_EndUndoGroup();
     ut->AEGP_ReportInfo(1, "Could not add menu item.");
-    h.basicSuite()->ReleaseSuite(kAEGPUtilitySuite, 3);
 
     const nlohmann::json out = nlohmann::json::parse(host::sceneText(h, nlohmann::json{{"RADIO_INWARD", "on"}}));
     ASSERT_EQ(5u, out["layers"].size());
@@ -147,7 +148,7 @@ TEST(HostScene, OutputCarriesCopiesUndoGroupsReportsAndSettings) {
     EXPECT_EQ(2, back.project.comps[0].layers[1].copy_of_number);
 }
 
-TEST(HostScene, BadFilesGiveOneMessageWithFilePlaceAndProblem) {
+TEST_F(HostScene, BadFilesGiveOneMessageWithFilePlaceAndProblem) {
     EXPECT_EQ(0u, messageOf("{ nope").find("bad.json: not valid JSON: parse error at line 1, column 4"));
     EXPECT_EQ(0u, messageOf(R"({"comp": NaN})").find("bad.json: not valid JSON: parse error at line 1, column 10"));
     EXPECT_NE(std::string::npos, messageOf(R"({"comp": {"name": "x")").find("unexpected end of input"));
@@ -200,7 +201,7 @@ TEST(HostScene, BadFilesGiveOneMessageWithFilePlaceAndProblem) {
               messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av"}, {"name": "b", "type": "av"}, 3]})"));
 }
 
-TEST(HostScene, ARepeatedLayersKeyCountsOnlyOnceAsTheLastOne) {
+TEST_F(HostScene, ARepeatedLayersKeyCountsOnlyOnceAsTheLastOne) {
     const host::Scene scene = host::parseScene(
         R"({"layers": [{"name": "gone", "type": "sphere", "source": {"width": 1, "height": 1}}],
             "comp": {"name": "x", "width": 5, "height": 5},
@@ -215,8 +216,7 @@ TEST(HostScene, ARepeatedLayersKeyCountsOnlyOnceAsTheLastOne) {
     EXPECT_EQ(4, scene.project.findFootage(c.layers[0].source)->width);
 }
 
-TEST(HostScene, ABadFileLeavesTheHostAsItWas) {
-    host::Host h;
+TEST_F(HostScene, ABadFileLeavesTheHostAsItWas) {
     host::applyScene(h, host::parseScene(kScene, "scene.json"));
     const host::Id first = h.project().activeComp()->layers[0].id;
     const std::string path = ::testing::TempDir() + "host_scene_bad.json";
@@ -225,28 +225,14 @@ TEST(HostScene, ABadFileLeavesTheHostAsItWas) {
         out << R"({"comp": {"name": "x", "width": 5, "height": 5}, "layers": [{"name": "a", "type": "av"}],
                    "host": {"panels": true}, "selection": [1, 1]})";
     }
-    try {
-        host::loadScene(h, path);
-        FAIL() << "accepted";
-    } catch (const host::SceneError& e) {
-        EXPECT_EQ(path + ": at $.selection[1]: layer 1 is selected twice", e.what());
-    }
+    EXPECT_EQ(path + ": at $.selection[1]: layer 1 is selected twice", errorOf([&] { host::loadScene(h, path); }));
     EXPECT_EQ(first, h.layerId(h.layerHandle(first)));
     EXPECT_EQ(3u, h.project().activeComp()->layers.size());
     EXPECT_TRUE(h.isWithheld(kAEGPWorkspacePanelSuite, 1));
     std::remove(path.c_str());
-    try {
-        host::loadScene(h, path);
-        FAIL() << "accepted";
-    } catch (const host::SceneError& e) {
-        EXPECT_EQ(0u, std::string(e.what()).find(path + ": cannot be read"));
-    }
-    try {
-        host::loadScene(h, ::testing::TempDir());
-        FAIL() << "accepted";
-    } catch (const host::SceneError& e) {
-        EXPECT_EQ(::testing::TempDir() + ": is a folder, not a scene file", e.what());
-    }
+    EXPECT_EQ(0u, errorOf([&] { host::loadScene(h, path); }).find(path + ": cannot be read"));
+    EXPECT_EQ(::testing::TempDir() + ": is a folder, not a scene file",
+              errorOf([&] { host::loadScene(h, ::testing::TempDir()); }));
 }
 
 }  // namespace

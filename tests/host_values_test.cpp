@@ -7,30 +7,17 @@ using host::Vec3;
 
 namespace {
 
-class HostWriting : public HostFixture {
-protected:
-    AEGP_StreamRefH open(host::Id layer, AEGP_LayerStream which) {
-        AEGP_StreamRefH s = nullptr;
-        EXPECT_EQ(A_Err_NONE, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(layer), which, &s));
-        return s;
-    }
-    A_Err write(AEGP_StreamRefH s, double x, double y, double z) {
-        AEGP_StreamValue v{};
-        v.streamH = s;
-        v.val.three_d = AEGP_ThreeDVal{x, y, z};
-        return streams()->AEGP_SetStreamValue(1, s, &v);
-    }
-};
+using HostWriting = HostFixture;
 
 TEST_F(HostWriting, WithoutKeysTheStaticValueChangesOneDValuesInTheirRotation) {
-    AEGP_StreamRefH s = open(a, AEGP_LayerStream_POSITION);
-    ASSERT_EQ(A_Err_NONE, write(s, 1.5, -2, 300));
+    AEGP_StreamRefH s = openStream(a, AEGP_LayerStream_POSITION);
+    ASSERT_EQ(A_Err_NONE, writeStream(s, 1.5, -2, 300));
     const host::Property& p = h.project().layer(a)->prop(Prop::position);
     EXPECT_EQ(p.value, (Vec3{1.5, -2, 300}));
     EXPECT_TRUE(p.keys.empty());
     streams()->AEGP_DisposeStream(s);
     EXPECT_EQ(0u, h.openStreams());
-    s = open(a, AEGP_LayerStream_ROTATE_Y);
+    s = openStream(a, AEGP_LayerStream_ROTATE_Y);
     AEGP_StreamValue v{};
     v.streamH = s;
     v.val.one_d = -30;
@@ -43,23 +30,23 @@ TEST_F(HostWriting, WithoutKeysTheStaticValueChangesOneDValuesInTheirRotation) {
 TEST_F(HostWriting, WithKeysTheKeyAtTheCurrentTimeIsSetOrAdded) {
     host::Property& p = h.project().layer(a)->prop(Prop::scale);
     p.insertKey(A_Time{0, 30}, Vec3{50, 50, 50});
-    AEGP_StreamRefH s = open(a, AEGP_LayerStream_SCALE);
+    AEGP_StreamRefH s = openStream(a, AEGP_LayerStream_SCALE);
     // Current time 10/30 has no key: one is added there; the static value is not used.
-    ASSERT_EQ(A_Err_NONE, write(s, 80, 80, 80));
+    ASSERT_EQ(A_Err_NONE, writeStream(s, 80, 80, 80));
     ASSERT_EQ(2u, p.keys.size());
     EXPECT_EQ(10, p.keys[1].time.value);
     EXPECT_EQ(p.keys[1].value, (Vec3{80, 80, 80}));
     EXPECT_EQ(p.value, (Vec3{100, 100, 100}));
     // Now there is one: it is overwritten.
-    ASSERT_EQ(A_Err_NONE, write(s, 90, 90, 90));
+    ASSERT_EQ(A_Err_NONE, writeStream(s, 90, 90, 90));
     ASSERT_EQ(2u, p.keys.size());
     EXPECT_EQ(p.keys[1].value, (Vec3{90, 90, 90}));
     streams()->AEGP_DisposeStream(s);
     // What a plug-in does for "insert a key, then write": one key at the current time.
-    s = open(b, AEGP_LayerStream_ORIENTATION);
+    s = openStream(b, AEGP_LayerStream_ORIENTATION);
     const A_Time now{10, 30};
     ASSERT_EQ(A_Err_NONE, keys()->AEGP_InsertKeyframe(s, AEGP_LTimeMode_CompTime, &now, nullptr));
-    ASSERT_EQ(A_Err_NONE, write(s, 0, 90, 0));
+    ASSERT_EQ(A_Err_NONE, writeStream(s, 0, 90, 0));
     const host::Property& orientation = h.project().layer(b)->prop(Prop::orientation);
     ASSERT_EQ(1u, orientation.keys.size());
     EXPECT_EQ(orientation.keys[0].value, (Vec3{0, 90, 0}));
@@ -70,7 +57,7 @@ TEST_F(HostWriting, InsertKeyframeHoldsTheValueThereAndBadStreamsAndValuesAreRef
     host::Property& p = h.project().layer(a)->prop(Prop::position);
     p.insertKey(A_Time{0, 30}, Vec3{0, 0, 0});
     p.insertKey(A_Time{20, 30}, Vec3{20, 40, 60});
-    AEGP_StreamRefH s = open(a, AEGP_LayerStream_POSITION);
+    AEGP_StreamRefH s = openStream(a, AEGP_LayerStream_POSITION);
     AEGP_KeyframeIndex index = -1;
     const A_Time at{5, 30};
     ASSERT_EQ(A_Err_NONE, keys()->AEGP_InsertKeyframe(s, AEGP_LTimeMode_CompTime, &at, &index));
@@ -89,17 +76,17 @@ TEST_F(HostWriting, InsertKeyframeHoldsTheValueThereAndBadStreamsAndValuesAreRef
     EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_OPACITY, &s));
     EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_POSITION, nullptr));
     EXPECT_EQ(0u, h.openStreams());
-    s = open(a, AEGP_LayerStream_POSITION);
-    AEGP_StreamRefH other = open(b, AEGP_LayerStream_POSITION);
+    s = openStream(a, AEGP_LayerStream_POSITION);
+    AEGP_StreamRefH other = openStream(b, AEGP_LayerStream_POSITION);
     AEGP_StreamValue v{};
     v.streamH = other;  // a value naming another stream
     EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_SetStreamValue(1, s, &v));
-    EXPECT_EQ(A_Err_PARAMETER, write(s, 1.0 / 0.0, 0, 0));
+    EXPECT_EQ(A_Err_PARAMETER, writeStream(s, 1.0 / 0.0, 0, 0));
     EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_SetStreamValue(1, s, nullptr));
     EXPECT_EQ(h.project().layer(a)->prop(Prop::position).value, (Vec3{0, 0, 0}));
     // A stream of a layer that is gone.
     h.project().comp(comp)->layers.erase(h.project().comp(comp)->layers.begin());
-    EXPECT_EQ(A_Err_PARAMETER, write(s, 1, 2, 3));
+    EXPECT_EQ(A_Err_PARAMETER, writeStream(s, 1, 2, 3));
     EXPECT_EQ(A_Err_PARAMETER, keys()->AEGP_GetStreamNumKFs(s, &n));
     EXPECT_EQ(2u, h.openStreams());
     streams()->AEGP_DisposeStream(s);
