@@ -27,14 +27,6 @@ TEST_F(Registration, EverythingRegisteredOnAHostWithPanels)
     EXPECT_NE(nullptr, menu_item());
 }
 
-TEST_F(Registration, NoPanelHookWithoutThePanelSuite)
-{
-    host_->withholdSuite(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1);
-    ASSERT_EQ(A_Err_NONE, start());
-    EXPECT_EQ(5u, host_->hookCount());
-    EXPECT_TRUE(host_->panelNames().empty());
-}
-
 TEST_F(Registration, RefusedDeathHookIsReportedAndNothingElseIsSetUp)
 {
     host_->failFunction("AEGP_RegisterDeathHook", A_Err_GENERIC);
