@@ -42,16 +42,12 @@ protected:
 // tests); here each kind ends the run with status 2, one line and no output.
 TEST_F(Refusals, SettingsScenesCommandLinesAndModules)
 {
-    EXPECT_EQ(refused({scene(), "--set", "EDIT_DIM_Y=12mm"}),
-              "--set EDIT_DIM_Y=12mm: EDIT_DIM_Y is an edit field and takes a number alone, and the field would "
-              "ignore \"mm\" after \"12\"");
+    EXPECT_EQ(refused({scene(), "--set", "EDIT_DIM_Y=12mm"}).rfind("--set EDIT_DIM_Y=12mm: ", 0), 0u);
     json s = cardScene(2);
     s["settings"] = {{"RADIO_OUTWARD", false}};
     EXPECT_EQ(refused({writeScene("radios.json", s)}).rfind(path("radios.json") + ": settings.RADIO_OUTWARD: ", 0), 0u);
     EXPECT_EQ(refused({path("missing.json")}), path("missing.json") + ": cannot be read: No such file or directory");
-    EXPECT_EQ(refused({"-"}, "{\"comp\": "), "standard input: not valid JSON: parse error at line 1, column 10: "
-                                             "syntax error while parsing value - unexpected end of input; expected "
-                                             "'[', '{', or a literal");
+    EXPECT_EQ(refused({"-"}, "{\"comp\": ").rfind("standard input: not valid JSON: parse error at line 1", 0), 0u);
     s = cardScene(2);
     for (json& layer : s["layers"]) {
         layer["three_d"] = false;

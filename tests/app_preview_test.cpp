@@ -45,8 +45,6 @@ TEST(LayerTurn, RightHandedXThenYThenZOrientationBeforeRotations)
     expectNear(app::faceNormal({90, 0, 0}, {0, 0, 90}), {-1, 0, 0});
     // The other way round the Z turn acts on (0, 0, -1) first, which it leaves alone.
     expectNear(app::turnLayerPoint({0, 0, -1}, {0, 0, 90}, {90, 0, 0}), {0, 1, 0});
-    // Unturned, a layer faces the viewer.
-    expectNear(app::faceNormal({0, 0, 0}, {0, 0, 0}), {0, 0, -1});
 }
 
 // The outward normal at angle phi around the cylinder, in the host frame.
@@ -58,7 +56,8 @@ Vec3 outward(double phi_degrees)
 
 TEST(LayerTurn, OrientationNumbersOfTheCylinderFaceOutward)
 {
-    // The numbers written for places on the front half, the sides and the back half.
+    // The numbers written for places on the front half, the sides and the back half; unturned, a
+    // layer faces the viewer.
     expectNear(app::faceNormal({-0.0, -0.0, -0.0}, {}), outward(0));
     expectNear(app::faceNormal({-0.0, -45, -0.0}, {}), outward(45));
     expectNear(app::faceNormal({-0.0, -90, 0}, {}), outward(90));
@@ -359,16 +358,14 @@ TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled)
 
 TEST(PreviewScene, SettingsAndLayerSizesAsThePluginReadsThem)
 {
-    // Edit values clamped to their fields' ranges; controls missing take their initial values.
-    const nlohmann::json settings{{"EDIT_DIM_X", 0}, {"EDIT_DIM_Y", 2e8}, {"CHECK_USE_COMP_CENTER", false}};
+    // Edit values clamped to their fields' ranges; controls missing take their initial values. The
+    // numbers as given, and a source's size, show in the outline's and the page data's numbers.
+    const nlohmann::json settings{{"EDIT_DIM_X", 0}, {"EDIT_DIM_Y", 2e8}};
     EXPECT_NEAR(app::settingNumber(settings, "EDIT_DIM_X"), 0.1, 1e-8);
     EXPECT_EQ(app::settingNumber(settings, "EDIT_DIM_Y"), 1e7);
-    EXPECT_EQ(app::settingNumber(settings, "EDIT_DIM_Z"), 1000);
-    EXPECT_FALSE(app::settingOn(settings, "CHECK_USE_COMP_CENTER"));
     EXPECT_TRUE(app::settingOn(settings, "RADIO_OUTWARD"));
     host::Project project = cardsProject();
     const host::Comp& main = project.comps.front();
-    EXPECT_EQ(app::layerSize(project, main, main.layers[0]), (std::array<double, 2>{400, 300}));
     host::Layer text;
     text.type = AEGP_ObjectType_TEXT;
     EXPECT_EQ(app::layerSize(project, main, text), (std::array<double, 2>{1920, 1080}));

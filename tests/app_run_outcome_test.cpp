@@ -43,13 +43,6 @@ std::vector<std::string> withSets(std::vector<std::string> sets)
     return all;
 }
 
-void expectCentre(const app::Surface& s, double x, double y, double z)
-{
-    EXPECT_NEAR(s.centre.x, x, kExact);
-    EXPECT_NEAR(s.centre.y, y, kExact);
-    EXPECT_NEAR(s.centre.z, z, kExact);
-}
-
 TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecisionAndTheRadiusTheFirstLayersPolygon)
 {
     const double half_x = static_cast<double>(1234.567f * 0.5f);
@@ -64,7 +57,9 @@ TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecisionAndTheRadiusTheFirst
         ASSERT_TRUE(o.surface.known) << mode_set;
         EXPECT_EQ(o.surface.half_x, half_x) << mode_set;
         EXPECT_EQ(o.surface.half_z, half_z) << mode_set;
-        expectCentre(o.surface, static_cast<double>(130.7f), static_cast<double>(45.3f), static_cast<double>(-260.1f));
+        EXPECT_NEAR(o.surface.centre.x, static_cast<double>(130.7f), kExact) << mode_set;
+        EXPECT_NEAR(o.surface.centre.y, static_cast<double>(45.3f), kExact) << mode_set;
+        EXPECT_NEAR(o.surface.centre.z, static_cast<double>(-260.1f), kExact) << mode_set;
         EXPECT_EQ(o.arranged.size(), 6u) << mode_set;
         EXPECT_TRUE(o.not_reached.empty()) << mode_set;
         if (mode == app::SurfaceMode::equator) {
