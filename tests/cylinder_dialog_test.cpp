@@ -371,15 +371,11 @@ TEST_F(CylinderDialogTest, RepeatingIsAllowedOnlyWithoutRadiusEvenOrEquatorAndCl
     clicks({CHECK_REPEAT_LAYERS});
     expect_enabled({EDIT_REPEAT_COUNT, CHECK_REPEAT_SEQUENTIALLY});
     EXPECT_TRUE(dlg().enable_repeat_layers());
-    set_bool(CHECK_RADIUS_BY_FIRST, true);
-    EXPECT_FALSE(dlg().enable_repeat_layers());
-    set_bool(CHECK_RADIUS_BY_FIRST, false);
-    set_bool(CHECK_DISTRIBUTE_EVENLY, true);
-    EXPECT_FALSE(dlg().enable_repeat_layers());
-    set_bool(CHECK_DISTRIBUTE_EVENLY, false);
-    set_bool(RADIO_EQUATOR_ONLY, true);
-    EXPECT_FALSE(dlg().enable_repeat_layers());
-    set_bool(RADIO_WHOLE_CYLINDER, true);
+    for (ADMInt32 id : {CHECK_RADIUS_BY_FIRST, CHECK_DISTRIBUTE_EVENLY, RADIO_EQUATOR_ONLY}) {
+        set_bool(id, true);
+        EXPECT_FALSE(dlg().enable_repeat_layers()) << find_control(id)->name;
+        set_bool(id, false);
+    }
     EXPECT_TRUE(dlg().enable_repeat_layers());
 }
 

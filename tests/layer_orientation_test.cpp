@@ -1,12 +1,10 @@
 #include "cylinder_fixture.h"
-#include "math/constants.h"
 
 #include <cmath>
 
 namespace {
 
 using Vector = MainDlg::Vector;
-constexpr double kPi = math::Constant_PI;
 
 struct Angles {
     double x;
@@ -21,13 +19,6 @@ protected:
         AEGP_StreamValue value{};
         dlg().orient_layer(n, &value);
         return {value.val.three_d.x, value.val.three_d.y, value.val.three_d.z};
-    }
-
-    // The normal of a layer at angle phi (degrees) around the cylinder.
-    static Vector at(double degrees)
-    {
-        const double phi = degrees * kPi / 180;
-        return Vector(std::sin(phi), 0, std::cos(phi));
     }
 
     void inward() { set_bool(RADIO_INWARD, true); }
@@ -74,24 +65,6 @@ TEST_F(LayerOrientationTest, OutwardAtFrontRightBackLeftAndInwardAHalfCircleMore
     expect_angles({-0.0, 90, 0}, orient(Vector(1, 0, 0)));
     expect_angles({-180, 180, -180}, orient(Vector(0, 0, -1)));
     expect_angles({-0.0, 270, 0}, orient(Vector(-1, 0, 0)));
-}
-
-// ---- Halves of the cylinder -----------------------------------------------------------------------
-
-TEST_F(LayerOrientationTest, FrontHalfTurnsOnlyAboutTheVerticalBackHalfFlipsXAndZ)
-{
-    for (double degrees : {10.0, 45.0, 80.0, 280.0, 315.0, 350.0}) {
-        const Angles r = orient(at(degrees));
-        expect_same(-0.0, r.x, "X");
-        EXPECT_NEAR(degrees < 180 ? -degrees : 360 - degrees, r.y, 1e-12) << degrees;
-        expect_same(-0.0, r.z, "Z");
-    }
-    for (double degrees : {100.0, 135.0, 180.0, 225.0, 260.0}) {
-        const Angles r = orient(at(degrees));
-        EXPECT_EQ(-180, r.x) << degrees;
-        EXPECT_NEAR(degrees - 180, r.y, 1e-12) << degrees;
-        EXPECT_EQ(-180, r.z) << degrees;
-    }
 }
 
 TEST_F(LayerOrientationTest, NearlySidewaysNormalTakesTheSideRuleAndAZeroNormalFacesFront)

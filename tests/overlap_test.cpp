@@ -31,33 +31,6 @@ protected:
     }
 };
 
-// ---- Footprints ----------------------------------------------------------------------------------
-
-TEST_F(OverlapTest, FootprintsRunTowardIncreasingAngleAndStraddleTheFrontMeridian)
-{
-    dlg().add_volume(Vector(0, 0, 500), A_LPoint{100, 100});
-    ASSERT_EQ(1u, state().volumes.size());
-    const SolidAngle& v = state().volumes[0];
-    EXPECT_NEAR(math::Constant_2PI - std::atan(0.1), v.phi_begin, 1e-12);
-    EXPECT_NEAR(std::atan(0.1), v.phi_end, 1e-12);
-    EXPECT_EQ(-50, v.h_low);
-    EXPECT_EQ(50, v.h_high);
-    state().volumes.clear();
-    dlg().add_volume(Vector(500, 20, 0), A_LPoint{200, 40});
-    dlg().add_volume(Vector(0, -7, -500), A_LPoint{100, 10});
-    ASSERT_EQ(2u, state().volumes.size());
-    const SolidAngle& right = state().volumes[0];
-    EXPECT_NEAR(math::Constant_Half_PI - std::atan(0.2), right.phi_begin, 1e-12);
-    EXPECT_NEAR(math::Constant_Half_PI + std::atan(0.2), right.phi_end, 1e-12);
-    EXPECT_EQ(0, right.h_low);
-    EXPECT_EQ(40, right.h_high);
-    const SolidAngle& back = state().volumes[1];
-    EXPECT_NEAR(math::Constant_PI - std::atan(0.1), back.phi_begin, 1e-12);
-    EXPECT_NEAR(math::Constant_PI + std::atan(0.1), back.phi_end, 1e-12);
-    EXPECT_EQ(-12, back.h_low);
-    EXPECT_EQ(-2, back.h_high);
-}
-
 // ---- Bands ---------------------------------------------------------------------------------------
 
 TEST_F(OverlapTest, BandsHoldTheirAnglesAndHeightsEdgesIncluded)

@@ -4,6 +4,7 @@
 namespace {
 
 using DialogWindows = ToolkitTest;
+using ShownDialog = ToolkitWindowTest;
 
 struct StyleCase {
     ADMDialogStyle style;
@@ -51,9 +52,7 @@ TEST_F(DialogWindows, StylesWithoutAWindowClassOrAFailingInitProcMakeNoDialog) {
     EXPECT_TRUE(platform::windows().empty());
 }
 
-TEST_F(DialogWindows, TheCloseBoxNotifiesOnceAndOnlyHides) {
-    ADMDialogRef dialog = makeWindowDialog();
-    sADMDialog->Show(dialog, true);
+TEST_F(ShownDialog, TheCloseBoxNotifiesOnceAndOnlyHides) {
     ASSERT_TRUE(sADMDialog->IsVisible(dialog));
     EXPECT_TRUE(sADMDialog->IsEnabled(dialog));
 
@@ -69,7 +68,6 @@ TEST_F(DialogWindows, TheCloseBoxNotifiesOnceAndOnlyHides) {
 
     sADMDialog->Show(dialog, true);
     EXPECT_TRUE(sADMDialog->IsVisible(dialog));
-    sADMDialog->Destroy(dialog);
 }
 
 TEST_F(DialogWindows, SuiteDestroyOrClosingTheWindowRunsTheDestroyProcOnceAndLeavesNothing) {
@@ -96,8 +94,7 @@ TEST_F(DialogWindows, SuiteDestroyOrClosingTheWindowRunsTheDestroyProcOnceAndLea
     EXPECT_EQ(0u, platform::liveCounts().handlers);
 }
 
-TEST_F(DialogWindows, SetLocalRectKeepsTheTopLeftCornerAndTheTitleIsTheWindowTitle) {
-    ADMDialogRef dialog = makeWindowDialog();
+TEST_F(ShownDialog, SetLocalRectKeepsTheTopLeftCornerAndTheTitleIsTheWindowTitle) {
     const IASRect placed{100, 50, 300, 450};
     sADMDialog->SetBoundsRect(dialog, &placed);
     const IASRect size{0, 0, 300, 200};
@@ -108,15 +105,11 @@ TEST_F(DialogWindows, SetLocalRectKeepsTheTopLeftCornerAndTheTitleIsTheWindowTit
     Rect content{};
     GetWindowBounds(platform::windows().back(), kWindowContentRgn, &content);
     EXPECT_EQ((Rect{100, 50, 400, 250}), content);
-    sADMDialog->Destroy(dialog);
-    dialog = makeWindowDialog();
     sADMDialog->SetText(dialog, "Orbisett");
     EXPECT_EQ(platform::windows().back(), platform::findWindowByTitle("Orbisett"));
-    sADMDialog->Destroy(dialog);
 }
 
-TEST_F(DialogWindows, ItemsAreFoundByIdInCreationOrderAndAHundredAndFirstIsRefused) {
-    ADMDialogRef dialog = makeWindowDialog();
+TEST_F(ShownDialog, ItemsAreFoundByIdInCreationOrderAndAHundredAndFirstIsRefused) {
     EXPECT_EQ(nullptr, sADMDialog->GetFirstItem(dialog));
     ADMItemRef a = add(dialog, 10, kADMTextStaticType);
     ADMItemRef b = add(dialog, 20, kADMTextCheckBoxType);
@@ -136,25 +129,20 @@ TEST_F(DialogWindows, ItemsAreFoundByIdInCreationOrderAndAHundredAndFirstIsRefus
         ++count;
     }
     EXPECT_EQ(100, count);
-    sADMDialog->Destroy(dialog);
 }
 
-TEST_F(DialogWindows, ItemsWithAFailingInitOrAnUnknownTypeKeepTheirPlaceWithoutAControl) {
-    ADMDialogRef dialog = makeWindowDialog();
+TEST_F(ShownDialog, ItemsWithAFailingInitOrAnUnknownTypeKeepTheirPlaceWithoutAControl) {
     const IASRect r{0, 0, 20, 100};
     auto failing = [](ADMItemRef) -> ASErr { return 1; };
     EXPECT_EQ(nullptr, sADMItem->Create(dialog, 3, kADMTextCheckBoxType, &r, failing, nullptr, 0));
     ADMItemRef kept = sADMDialog->GetItem(dialog, 3);
     ASSERT_NE(nullptr, kept);
     EXPECT_EQ(kept, sADMDialog->GetFirstItem(dialog));
-    sADMDialog->Destroy(dialog);
-    dialog = makeWindowDialog();
     ADMItemRef item = add(dialog, 9, "ADM Dial Type");
     ASSERT_NE(nullptr, item);
     EXPECT_EQ(nullptr, find(9));
     sADMItem->SetText(item, "ignored");
     EXPECT_FALSE(sADMItem->IsEnabled(item));
-    sADMDialog->Destroy(dialog);
 }
 
 }  // namespace

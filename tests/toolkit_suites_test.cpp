@@ -4,6 +4,7 @@
 namespace {
 
 using Suites = ToolkitTest;
+using SuitesInAWindow = ToolkitWindowTest;
 
 TEST_F(Suites, EveryFunctionAbsorbsANullReference) {
     IASRect rect{1, 2, 3, 4};
@@ -79,14 +80,12 @@ TEST_F(Suites, EveryFunctionAbsorbsANullReference) {
     EXPECT_TRUE(platform::windows().empty());
 }
 
-TEST_F(Suites, NotifierTypesCompareExactlyAndTheNotifyResultIsTheEventStatus) {
+TEST_F(SuitesInAWindow, NotifierTypesCompareExactlyAndTheNotifyResultIsTheEventStatus) {
     _Opaque_ADMNotifier notifier{nullptr, kADMCloseHitNotifier, 0};
     EXPECT_TRUE(sADMNotifier->IsNotifierType(&notifier, "ADM Close Hit Notifier"));
     EXPECT_FALSE(sADMNotifier->IsNotifierType(&notifier, "ADM User Changed Notifier"));
     EXPECT_FALSE(sADMNotifier->IsNotifierType(&notifier, "ADM Close Hit"));
     EXPECT_FALSE(sADMNotifier->IsNotifierType(&notifier, nullptr));
-    ADMDialogRef dialog = makeWindowDialog();
-    sADMDialog->Show(dialog, true);
     add(dialog, 1, kADMTextPushButtonType);
 
     _Opaque_ADMNotifier changed{nullptr, kADMUserChangedNotifier, 0};
@@ -100,7 +99,6 @@ TEST_F(Suites, NotifierTypesCompareExactlyAndTheNotifyResultIsTheEventStatus) {
     sADMDialog->SetNotifyProc(dialog, nullptr);
     EXPECT_EQ(eventNotHandledErr, platform::click(find(1)).eventStatus);
     EXPECT_EQ(2u, recorder.notes.size());
-    sADMDialog->Destroy(dialog);
 }
 
 TEST_F(Suites, ScreenDimensionsComeFromTheDisplayHoldingThePoint) {
