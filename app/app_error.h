@@ -17,9 +17,7 @@ public:
 class HostFailure : public std::runtime_error {
 public:
     HostFailure(const std::string& what, std::vector<std::string> reports = {})
-        : std::runtime_error(what), reports(std::move(reports))
-    {
-    }
+        : std::runtime_error(what), reports(std::move(reports)) {}
     std::vector<std::string> reports;  // what the host reported, for standard error
 };
 

@@ -14,23 +14,28 @@ namespace app {
 
 namespace {
 
-const char* kindName(SettingKind kind)
-{
+const char* kindName(SettingKind kind) {
     switch (kind) {
-    case SettingKind::static_text: return "a static text";
-    case SettingKind::edit: return "an edit field";
-    case SettingKind::check_box: return "a check box";
-    case SettingKind::radio: return "a radio button";
-    case SettingKind::push_button: return "a push button";
-    case SettingKind::frame: return "a frame";
+        case SettingKind::static_text:
+            return "a static text";
+        case SettingKind::edit:
+            return "an edit field";
+        case SettingKind::check_box:
+            return "a check box";
+        case SettingKind::radio:
+            return "a radio button";
+        case SettingKind::push_button:
+            return "a push button";
+        case SettingKind::frame:
+            return "a frame";
     }
     return "a control";
 }
 
-std::string lower(std::string_view text)
-{
+std::string lower(std::string_view text) {
     std::string out(text);
-    std::transform(out.begin(), out.end(), out.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::transform(out.begin(), out.end(), out.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return out;
 }
 
@@ -38,8 +43,7 @@ bool isBlank(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; 
 
 // Why the text is not one number as an edit field reads it (blanks around it are fine); empty
 // when it is. Text after the number would be ignored by the field, so it is refused too.
-std::string numberProblem(std::string_view text)
-{
+std::string numberProblem(std::string_view text) {
     const std::optional<NumberInText> number = leadingNumber(text);
     if (!number) {
         return "takes a number, not \"" + std::string(text) + "\"";
@@ -53,8 +57,7 @@ std::string numberProblem(std::string_view text)
 }
 
 // On or off as a user would write it; nothing when the text is neither.
-std::optional<bool> switchState(std::string_view text)
-{
+std::optional<bool> switchState(std::string_view text) {
     const std::string word = lower(text);
     if (word == "on" || word == "true") {
         return true;
@@ -65,8 +68,7 @@ std::optional<bool> switchState(std::string_view text)
     return std::nullopt;
 }
 
-std::string names(const std::vector<const ControlSpec*>& controls)
-{
+std::string names(const std::vector<const ControlSpec*>& controls) {
     std::string out;
     for (const ControlSpec* c : controls) {
         out += (out.empty() ? "" : ", ") + std::string(c->name);
@@ -74,8 +76,7 @@ std::string names(const std::vector<const ControlSpec*>& controls)
     return out;
 }
 
-const ControlSpec& knownControl(std::string_view name, const std::string& where)
-{
+const ControlSpec& knownControl(std::string_view name, const std::string& where) {
     const ControlSpec* control = find_control(name);
     if (control == nullptr) {
         throw AppError(where + ": unknown control \"" + std::string(name) + "\". Valid names: " + valueControlNames());
@@ -86,55 +87,54 @@ const ControlSpec& knownControl(std::string_view name, const std::string& where)
 // Checks a textual value against the control's kind; `allow_radio_off` for settings read from a
 // scene, which record every radio of a group.
 ControlSetting settingFromText(const ControlSpec& control, std::string_view value, const std::string& where,
-                               bool allow_radio_off)
-{
+                               bool allow_radio_off) {
     const std::string name = control.name;
     const std::string shown = "\"" + std::string(value) + "\"";
     ControlSetting setting{&control, {}, false, where};
     switch (control.kind) {
-    case SettingKind::edit:
-        if (const std::string problem = numberProblem(value); !problem.empty()) {
-            throw AppError(where + ": " + name + " is an edit field and " + problem);
-        }
-        if (value.size() > kEditFieldReads) {
-            throw AppError(where + ": " + name + " is an edit field, which reads only the first " +
-                           std::to_string(kEditFieldReads) + " characters of a number; this one has " +
-                           std::to_string(value.size()));
-        }
-        setting.text = std::string(value);
-        return setting;
-    case SettingKind::check_box:
-    case SettingKind::radio: {
-        const std::optional<bool> state = switchState(value);
-        if (!state) {
-            throw AppError(where + ": " + name + " is " + kindName(control.kind) + " and takes on or off, not " + shown);
-        }
-        if (control.kind == SettingKind::radio && !*state && !allow_radio_off) {
-            std::vector<const ControlSpec*> others;
-            for (const ControlSpec* mate : radioGroup(control)) {
-                if (mate != &control) {
-                    others.push_back(mate);
-                }
+        case SettingKind::edit:
+            if (const std::string problem = numberProblem(value); !problem.empty()) {
+                throw AppError(where + ": " + name + " is an edit field and " + problem);
             }
-            throw AppError(where + ": " + name +
-                           " is a radio button and cannot be turned off; turn on another of its group instead (" +
-                           names(others) + ")");
+            if (value.size() > kEditFieldReads) {
+                throw AppError(where + ": " + name + " is an edit field, which reads only the first " +
+                               std::to_string(kEditFieldReads) + " characters of a number; this one has " +
+                               std::to_string(value.size()));
+            }
+            setting.text = std::string(value);
+            return setting;
+        case SettingKind::check_box:
+        case SettingKind::radio: {
+            const std::optional<bool> state = switchState(value);
+            if (!state) {
+                throw AppError(where + ": " + name + " is " + kindName(control.kind) + " and takes on or off, not " +
+                               shown);
+            }
+            if (control.kind == SettingKind::radio && !*state && !allow_radio_off) {
+                std::vector<const ControlSpec*> others;
+                for (const ControlSpec* mate : radioGroup(control)) {
+                    if (mate != &control) {
+                        others.push_back(mate);
+                    }
+                }
+                throw AppError(where + ": " + name +
+                               " is a radio button and cannot be turned off; turn on another of its group instead (" +
+                               names(others) + ")");
+            }
+            setting.on = *state;
+            return setting;
         }
-        setting.on = *state;
-        return setting;
-    }
-    case SettingKind::push_button:
-        throw AppError(where + ": " + name + " is a push button and holds no value (the run presses \"Apply\" " +
-                       "itself unless --no-apply is given)");
-    case SettingKind::static_text:
-    case SettingKind::frame:
-        break;
+        case SettingKind::push_button:
+            throw AppError(where + ": " + name + " is a push button and holds no value (the run presses \"Apply\" " +
+                           "itself unless --no-apply is given)");
+        case SettingKind::static_text:
+        case SettingKind::frame:
+            break;
     }
     throw AppError(where + ": " + name + " is " + kindName(control.kind) + " and holds no value");
 }
 
-std::string jsonValueText(const nlohmann::json& value, const std::string& where)
-{
+std::string jsonValueText(const nlohmann::json& value, const std::string& where) {
     if (value.is_boolean()) {
         return value.get<bool>() ? "on" : "off";
     }
@@ -152,14 +152,12 @@ std::string jsonValueText(const nlohmann::json& value, const std::string& where)
 
 }  // namespace
 
-bool holdsValue(const ControlSpec& control)
-{
+bool holdsValue(const ControlSpec& control) {
     return control.kind == SettingKind::edit || control.kind == SettingKind::check_box ||
            control.kind == SettingKind::radio;
 }
 
-std::vector<const ControlSpec*> radioGroup(const ControlSpec& radio)
-{
+std::vector<const ControlSpec*> radioGroup(const ControlSpec& radio) {
     auto radioWithId = [](ADMInt32 id) {
         const ControlSpec* c = find_control(id);
         return c != nullptr && c->kind == SettingKind::radio ? c : nullptr;
@@ -175,8 +173,7 @@ std::vector<const ControlSpec*> radioGroup(const ControlSpec& radio)
     return group;
 }
 
-std::string valueControlNames()
-{
+std::string valueControlNames() {
     std::vector<const ControlSpec*> controls;
     for (const ControlSpec& c : cylinder_controls()) {
         if (holdsValue(c)) {
@@ -186,23 +183,20 @@ std::string valueControlNames()
     return names(controls);
 }
 
-std::string shownValue(const ControlSetting& setting)
-{
+std::string shownValue(const ControlSetting& setting) {
     if (setting.control->kind == SettingKind::edit) {
         return setting.text;
     }
     return setting.on ? "on" : "off";
 }
 
-std::string numberText(double value)
-{
+std::string numberText(double value) {
     std::array<char, 64> buffer{};
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
     return error == std::errc() ? std::string(buffer.data(), end) : std::string("nan");
 }
 
-void SettingsPlan::checkRadioGroups() const
-{
+void SettingsPlan::checkRadioGroups() const {
     for (const auto& [id, setting] : wanted_) {
         // A radio that starts on goes off only when another of its group is turned on.
         if (setting.control->kind != SettingKind::radio || setting.on || setting.control->value == 0.0f) {
@@ -221,8 +215,7 @@ void SettingsPlan::checkRadioGroups() const
     }
 }
 
-void SettingsPlan::want(ControlSetting setting)
-{
+void SettingsPlan::want(ControlSetting setting) {
     const ControlSpec& control = *setting.control;
     if (control.kind == SettingKind::radio && setting.on) {
         for (const ControlSpec* mate : radioGroup(control)) {
@@ -234,8 +227,7 @@ void SettingsPlan::want(ControlSetting setting)
     wanted_[control.id] = std::move(setting);
 }
 
-void SettingsPlan::addSceneSettings(const nlohmann::json& settings, const std::string& where)
-{
+void SettingsPlan::addSceneSettings(const nlohmann::json& settings, const std::string& where) {
     if (settings.is_null()) {
         return;
     }
@@ -263,8 +255,7 @@ void SettingsPlan::addSceneSettings(const nlohmann::json& settings, const std::s
     }
 }
 
-void SettingsPlan::addAssignment(std::string_view assignment)
-{
+void SettingsPlan::addAssignment(std::string_view assignment) {
     const std::string where = "--set " + std::string(assignment);
     const std::size_t equals = assignment.find('=');
     if (equals == std::string_view::npos || equals == 0) {
@@ -274,8 +265,7 @@ void SettingsPlan::addAssignment(std::string_view assignment)
     want(settingFromText(control, assignment.substr(equals + 1), where, false));
 }
 
-std::vector<ControlSetting> SettingsPlan::inDialogOrder() const
-{
+std::vector<ControlSetting> SettingsPlan::inDialogOrder() const {
     checkRadioGroups();
     std::vector<ControlSetting> ordered;
     for (const ControlSpec& c : cylinder_controls()) {

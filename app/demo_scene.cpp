@@ -15,9 +15,7 @@ constexpr int kCardCount = 24;
 // Card sizes cycle through a few common formats, so the rows show mixed widths and heights.
 constexpr std::array<std::pair<int, int>, 5> kCardSizes{{{400, 300}, {320, 320}, {480, 270}, {300, 400}, {360, 240}}};
 
-nlohmann::json layer(const std::string& name, const char* type, bool three_d, nlohmann::json position,
-                     bool selected)
-{
+nlohmann::json layer(const std::string& name, const char* type, bool three_d, nlohmann::json position, bool selected) {
     return {{"name", name},
             {"type", type},
             {"three_d", three_d},
@@ -28,22 +26,20 @@ nlohmann::json layer(const std::string& name, const char* type, bool three_d, nl
             {"selected", selected}};
 }
 
-nlohmann::json card(int number)
-{
+nlohmann::json card(int number) {
     const auto [width, height] = kCardSizes[static_cast<std::size_t>(number - 1) % kCardSizes.size()];
     // Before the run the cards lie flat in a grid in front of the camera.
     const int column = (number - 1) % 6;
     const int row = (number - 1) / 6;
-    nlohmann::json card = layer("Card " + std::to_string(number), "av", true,
-                                {160 + column * 320, 140 + row * 260, 0}, true);
+    nlohmann::json card =
+        layer("Card " + std::to_string(number), "av", true, {160 + column * 320, 140 + row * 260, 0}, true);
     card["source"] = {{"width", width}, {"height", height}};
     return card;
 }
 
 }  // namespace
 
-nlohmann::json demoSceneJson()
-{
+nlohmann::json demoSceneJson() {
     nlohmann::json layers = nlohmann::json::array();
     nlohmann::json title = layer("Title", "text", true, {kCompWidth / 2, kCompHeight / 2, -200}, true);
     title["scale"] = {25, 25, 100};
@@ -58,18 +54,19 @@ nlohmann::json demoSceneJson()
 
     return {
         {"host", {{"panels", false}}},
-        {"comp", {{"name", "Demo"}, {"width", kCompWidth}, {"height", kCompHeight}, {"time", {{"value", 0}, {"scale", 30}}}}},
+        {"comp",
+         {{"name", "Demo"}, {"width", kCompWidth}, {"height", kCompHeight}, {"time", {{"value", 0}, {"scale", 30}}}}},
         {"layers", std::move(layers)},
         // A wide cylinder, 40 degrees between cards and 450 pixels between rows: three rows.
         {"settings",
-         {{"EDIT_DIM_X", 2000}, {"EDIT_DIM_Y", 900}, {"EDIT_DIM_Z", 2000}, {"EDIT_MIN_LATITUDE", 450},
+         {{"EDIT_DIM_X", 2000},
+          {"EDIT_DIM_Y", 900},
+          {"EDIT_DIM_Z", 2000},
+          {"EDIT_MIN_LATITUDE", 450},
           {"EDIT_MIN_LONGITUDE", 40}}},
     };
 }
 
-host::Scene demoScene()
-{
-    return host::parseScene(demoSceneJson().dump(), "the demo scene");
-}
+host::Scene demoScene() { return host::parseScene(demoSceneJson().dump(), "the demo scene"); }
 
 }  // namespace app

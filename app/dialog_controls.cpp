@@ -15,8 +15,7 @@ namespace {
 using Action = std::function<platform::Outcome(platform::Force)>;
 
 // Acts as a user first; only what the dialog hides or greys out is forced.
-void act(const ControlSetting& setting, const Action& action, const char* what)
-{
+void act(const ControlSetting& setting, const Action& action, const char* what) {
     const ControlSpec& control = *setting.control;
     platform::Outcome outcome = action(platform::Force::no);
     if (outcome.refused == platform::kDriverControlHidden || outcome.refused == platform::kDriverControlDisabled) {
@@ -28,8 +27,7 @@ void act(const ControlSetting& setting, const Action& action, const char* what)
     }
 }
 
-ControlRef findControl(const DialogView& dialog, const ControlSpec& control)
-{
+ControlRef findControl(const DialogView& dialog, const ControlSpec& control) {
     ControlRef ref = dialog.control(control.id);
     if (ref == nullptr) {
         throw HostFailure(std::string("the dialog has no control ") + control.name);
@@ -39,24 +37,24 @@ ControlRef findControl(const DialogView& dialog, const ControlSpec& control)
 
 bool isOn(ControlRef ref) { return GetControl32BitValue(ref) != 0; }
 
-void setControl(const DialogView& dialog, const ControlSetting& setting)
-{
+void setControl(const DialogView& dialog, const ControlSetting& setting) {
     const ControlSpec& control = *setting.control;
     ControlRef ref = findControl(dialog, control);
     if (control.kind == SettingKind::edit) {
-        act(setting, [&](platform::Force f) { return platform::typeText(ref, setting.text, f); }, "type into");
+        act(
+            setting, [&](platform::Force f) { return platform::typeText(ref, setting.text, f); }, "type into");
         return;
     }
     // A radio wanted off is left alone: choosing another of its group turns it off.
     const bool click_needed = setting.on && !isOn(ref);
     const bool uncheck_needed = control.kind == SettingKind::check_box && !setting.on && isOn(ref);
     if (click_needed || uncheck_needed) {
-        act(setting, [&](platform::Force f) { return platform::click(ref, f); }, "click");
+        act(
+            setting, [&](platform::Force f) { return platform::click(ref, f); }, "click");
     }
 }
 
-void checkControl(const DialogView& dialog, const ControlSetting& setting)
-{
+void checkControl(const DialogView& dialog, const ControlSetting& setting) {
     const ControlSpec& control = *setting.control;
     ControlRef ref = findControl(dialog, control);
     if (control.kind == SettingKind::edit) {
@@ -77,8 +75,7 @@ void checkControl(const DialogView& dialog, const ControlSetting& setting)
 }
 
 // The number a text holds and nothing else (blanks around it aside).
-std::optional<double> wholeNumber(const std::string& text)
-{
+std::optional<double> wholeNumber(const std::string& text) {
     const std::optional<NumberInText> number = leadingNumber(text);
     if (!number || !std::isfinite(number->value) ||
         text.find_first_not_of(" \t\n\v\f\r", number->length) != std::string::npos) {
@@ -87,8 +84,7 @@ std::optional<double> wholeNumber(const std::string& text)
     return number->value;
 }
 
-nlohmann::json editValue(ControlRef ref)
-{
+nlohmann::json editValue(ControlRef ref) {
     const std::string text = platform::controlText(ref);
     const std::optional<double> number = wholeNumber(text);
     if (!number) {
@@ -105,8 +101,7 @@ nlohmann::json editValue(ControlRef ref)
 
 }  // namespace
 
-void setControls(const DialogView& dialog, const std::vector<ControlSetting>& settings)
-{
+void setControls(const DialogView& dialog, const std::vector<ControlSetting>& settings) {
     for (const ControlSetting& setting : settings) {
         setControl(dialog, setting);
     }
@@ -115,18 +110,16 @@ void setControls(const DialogView& dialog, const std::vector<ControlSetting>& se
     }
 }
 
-void pressButton(const DialogView& dialog, const ControlSpec& button)
-{
+void pressButton(const DialogView& dialog, const ControlSpec& button) {
     ControlRef ref = findControl(dialog, button);
     const platform::Outcome outcome = platform::click(ref);
     if (!outcome.ok()) {
-        throw HostFailure(std::string("cannot press \"") + button.label + "\": " +
-                       platform::describeStatus(outcome.refused));
+        throw HostFailure(std::string("cannot press \"") + button.label +
+                          "\": " + platform::describeStatus(outcome.refused));
     }
 }
 
-std::vector<ControlState> controlStates(const DialogView& dialog)
-{
+std::vector<ControlState> controlStates(const DialogView& dialog) {
     std::vector<ControlState> states;
     for (const ControlSpec& control : cylinder_controls()) {
         ControlRef ref = holdsValue(control) ? dialog.control(control.id) : nullptr;
@@ -140,8 +133,7 @@ std::vector<ControlState> controlStates(const DialogView& dialog)
     return states;
 }
 
-nlohmann::json readControls(const DialogView& dialog)
-{
+nlohmann::json readControls(const DialogView& dialog) {
     nlohmann::json values = nlohmann::json::object();
     for (const ControlSpec& control : cylinder_controls()) {
         if (!holdsValue(control)) {

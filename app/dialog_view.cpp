@@ -5,8 +5,7 @@
 
 namespace app {
 
-DialogView DialogView::find(const host::Host& host)
-{
+DialogView DialogView::find(const host::Host& host) {
     DialogView view;
     // With workspace panels the command shows the panel; without, a floating window.
     for (const std::string& name : host.panelNames()) {
@@ -22,13 +21,11 @@ DialogView DialogView::find(const host::Host& host)
     return view;
 }
 
-ControlRef DialogView::control(SInt32 id) const
-{
+ControlRef DialogView::control(SInt32 id) const {
     return window_ != nullptr ? platform::findControlById(window_, id) : platform::findControlById(panel_, id);
 }
 
-std::string DialogView::svg() const
-{
+std::string DialogView::svg() const {
     return window_ != nullptr ? platform::windowToSvg(window_) : platform::viewToSvg(panel_);
 }
 

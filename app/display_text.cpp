@@ -1,9 +1,9 @@
 #include "app/display_text.h"
 
+#include <locale.h>
 #include <clocale>
 #include <cstdio>
 #include <cwchar>
-#include <locale.h>
 #include <optional>
 
 namespace app {
@@ -17,8 +17,7 @@ struct Decoded {
 
 // The UTF-8 sequence at the start of the text; nothing when it is not a valid one (overlong
 // forms, surrogates and values past U+10FFFF included).
-std::optional<Decoded> decode(std::string_view text)
-{
+std::optional<Decoded> decode(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char first = byte(0);
     if (first < 0x80) {
@@ -43,8 +42,7 @@ std::optional<Decoded> decode(std::string_view text)
 }
 
 // Widths come from the C library's tables for UTF-8, whatever locale the program runs in.
-int columns(char32_t code)
-{
+int columns(char32_t code) {
     static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(nullptr));
     if (utf8 == static_cast<locale_t>(nullptr)) {
         return 1;
@@ -55,8 +53,7 @@ int columns(char32_t code)
     return width;
 }
 
-std::string hex(const char* format, unsigned value)
-{
+std::string hex(const char* format, unsigned value) {
     char buffer[16];
     std::snprintf(buffer, sizeof buffer, format, value);
     return buffer;
@@ -64,8 +61,7 @@ std::string hex(const char* format, unsigned value)
 
 }  // namespace
 
-std::string escapedText(std::string_view text)
-{
+std::string escapedText(std::string_view text) {
     std::string out;
     while (!text.empty()) {
         const std::optional<Decoded> d = decode(text);
@@ -75,28 +71,35 @@ std::string escapedText(std::string_view text)
             continue;
         }
         switch (d->code) {
-        case '\n': out += "\\n"; break;
-        case '\t': out += "\\t"; break;
-        case '\r': out += "\\r"; break;
-        case '\\': out += "\\\\"; break;
-        default:
-            // Control characters, marks that turn the direction of what follows, and anything the
-            // terminal would not show.
-            if (d->code < 0x20 || d->code == 0x7F || (d->code >= 0x80 && d->code < 0xA0) ||
-                (d->code >= 0x202A && d->code <= 0x202E) || (d->code >= 0x2066 && d->code <= 0x2069) ||
-                d->code == 0x200E || d->code == 0x200F || columns(d->code) < 0) {
-                out += hex("\\u{%04X}", static_cast<unsigned>(d->code));
-            } else {
-                out.append(text.substr(0, d->length));
-            }
+            case '\n':
+                out += "\\n";
+                break;
+            case '\t':
+                out += "\\t";
+                break;
+            case '\r':
+                out += "\\r";
+                break;
+            case '\\':
+                out += "\\\\";
+                break;
+            default:
+                // Control characters, marks that turn the direction of what follows, and anything the
+                // terminal would not show.
+                if (d->code < 0x20 || d->code == 0x7F || (d->code >= 0x80 && d->code < 0xA0) ||
+                    (d->code >= 0x202A && d->code <= 0x202E) || (d->code >= 0x2066 && d->code <= 0x2069) ||
+                    d->code == 0x200E || d->code == 0x200F || columns(d->code) < 0) {
+                    out += hex("\\u{%04X}", static_cast<unsigned>(d->code));
+                } else {
+                    out.append(text.substr(0, d->length));
+                }
         }
         text.remove_prefix(d->length);
     }
     return out;
 }
 
-std::size_t displayWidth(std::string_view text)
-{
+std::size_t displayWidth(std::string_view text) {
     std::size_t width = 0;
     while (!text.empty()) {
         const std::optional<Decoded> d = decode(text);

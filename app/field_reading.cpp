@@ -8,8 +8,7 @@
 
 namespace app {
 
-std::optional<NumberInText> leadingNumber(std::string_view text)
-{
+std::optional<NumberInText> leadingNumber(std::string_view text) {
     const std::string terminated(text);
     const std::optional<double> value = toolkit::parseLeadingNumber(terminated.c_str());
     if (!value) {
@@ -18,8 +17,7 @@ std::optional<NumberInText> leadingNumber(std::string_view text)
     return NumberInText{*value, toolkit::leadingNumberLength(terminated.c_str())};
 }
 
-std::optional<double> fieldReading(const ControlSpec& control, std::string_view text)
-{
+std::optional<double> fieldReading(const ControlSpec& control, std::string_view text) {
     if (text.size() > kEditFieldReads) {
         return std::nullopt;
     }

@@ -11,8 +11,7 @@ namespace {
 
 // Fills the template's place called `name`, searching from `from`, with `text`; returns where the
 // text ends, so that nothing filled in is searched for a later place.
-std::size_t fill(std::string& page, std::string_view name, std::string_view text, std::size_t from)
-{
+std::size_t fill(std::string& page, std::string_view name, std::string_view text, std::size_t from) {
     const std::string place = "@ORBISETT_" + std::string(name) + "@";
     const std::size_t at = page.find(place, from);
     if (at == std::string::npos) {
@@ -24,8 +23,7 @@ std::size_t fill(std::string& page, std::string_view name, std::string_view text
 
 // JSON that can stand inside a script element: no '<' can open "</script" or "<!--" there. A '<'
 // occurs only inside JSON strings, where its \u escape reads back the same.
-std::string scriptSafeJson(const nlohmann::json& data)
-{
+std::string scriptSafeJson(const nlohmann::json& data) {
     const std::string text = data.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
     std::string safe;
     safe.reserve(text.size());
@@ -41,8 +39,7 @@ std::string scriptSafeJson(const nlohmann::json& data)
 
 }  // namespace
 
-std::string htmlPage(const nlohmann::json& scene_data)
-{
+std::string htmlPage(const nlohmann::json& scene_data) {
     std::string title = "Orbisett";
     if (scene_data.contains("comp") && scene_data["comp"].is_object()) {
         title = "\"" + scene_data["comp"]["name"].get<std::string>() + "\" in 3D: Orbisett";

@@ -15,20 +15,24 @@ namespace {
 
 constexpr std::size_t kNumberWidth = 10;
 
-const char* typeName(AEGP_ObjectType type)
-{
+const char* typeName(AEGP_ObjectType type) {
     switch (type) {
-    case AEGP_ObjectType_AV: return "av";
-    case AEGP_ObjectType_LIGHT: return "light";
-    case AEGP_ObjectType_CAMERA: return "camera";
-    case AEGP_ObjectType_TEXT: return "text";
-    case AEGP_ObjectType_VECTOR: return "vector";
-    default: return "other";
+        case AEGP_ObjectType_AV:
+            return "av";
+        case AEGP_ObjectType_LIGHT:
+            return "light";
+        case AEGP_ObjectType_CAMERA:
+            return "camera";
+        case AEGP_ObjectType_TEXT:
+            return "text";
+        case AEGP_ObjectType_VECTOR:
+            return "vector";
+        default:
+            return "other";
     }
 }
 
-std::string keyCounts(const host::Layer& layer)
-{
+std::string keyCounts(const host::Layer& layer) {
     using host::Prop;
     const std::size_t rotation_keys = layer.prop(Prop::rotate_x).keys.size() + layer.prop(Prop::rotate_y).keys.size() +
                                       layer.prop(Prop::rotate_z).keys.size();
@@ -37,8 +41,7 @@ std::string keyCounts(const host::Layer& layer)
            std::to_string(layer.prop(Prop::scale).keys.size()) + "/" + std::to_string(rotation_keys);
 }
 
-bool sameProperty(const host::Property& a, const host::Property& b)
-{
+bool sameProperty(const host::Property& a, const host::Property& b) {
     if (!(a.value == b.value) || a.keys.size() != b.keys.size()) {
         return false;
     }
@@ -50,8 +53,7 @@ bool sameProperty(const host::Property& a, const host::Property& b)
     return true;
 }
 
-const host::Comp* shownComp(const host::Project& project)
-{
+const host::Comp* shownComp(const host::Project& project) {
     for (const host::Comp& comp : project.comps) {
         if (comp.id == project.active) {
             return &comp;
@@ -71,15 +73,13 @@ struct Row {
 
 constexpr std::size_t kTripleColumns[] = {3, 4, 5};  // position, orientation, scale
 
-std::string padded(const std::string& text, std::size_t width, bool right)
-{
+std::string padded(const std::string& text, std::size_t width, bool right) {
     const std::size_t w = displayWidth(text);
     const std::string pad(width > w ? width - w : 0, ' ');
     return right ? pad + text : text + pad;
 }
 
-std::string formatRows(const std::vector<Row>& rows)
-{
+std::string formatRows(const std::vector<Row>& rows) {
     std::vector<std::size_t> widths;
     for (const Row& row : rows) {
         widths.resize(std::max(widths.size(), row.cells.size()));
@@ -103,8 +103,7 @@ std::string formatRows(const std::vector<Row>& rows)
 }
 
 // Each triple's parts padded to the widest part in its place, so that commas line up.
-void alignTriples(std::vector<Row>& rows, const std::vector<std::array<Triple, 3>>& triples)
-{
+void alignTriples(std::vector<Row>& rows, const std::vector<std::array<Triple, 3>>& triples) {
     for (std::size_t t = 0; t < 3; ++t) {
         std::array<std::size_t, 3> widths{};
         for (const auto& layer : triples) {
@@ -123,8 +122,7 @@ void alignTriples(std::vector<Row>& rows, const std::vector<std::array<Triple, 3
 
 }  // namespace
 
-std::string tableNumber(double value)
-{
+std::string tableNumber(double value) {
     if (!std::isfinite(value)) {
         return std::isnan(value) ? "nan" : (value > 0 ? "inf" : "-inf");
     }
@@ -142,13 +140,11 @@ std::string tableNumber(double value)
     return text;
 }
 
-std::string layerChange(const host::Project& before, const host::Layer& layer)
-{
+std::string layerChange(const host::Project& before, const host::Layer& layer) {
     if (layer.copy_of != 0) {
         const host::Layer* original = before.layer(layer.copy_of);
-        return original != nullptr && original->scene_number != 0
-                   ? "copy of " + std::to_string(original->scene_number)
-                   : std::string("copy");
+        return original != nullptr && original->scene_number != 0 ? "copy of " + std::to_string(original->scene_number)
+                                                                  : std::string("copy");
     }
     const host::Layer* old = before.layer(layer.id);
     if (old == nullptr) {
@@ -163,8 +159,7 @@ std::string layerChange(const host::Project& before, const host::Layer& layer)
 }
 
 std::string layerTable(const host::Project& before, const host::Project& after,
-                       const std::vector<host::Id>& not_reached)
-{
+                       const std::vector<host::Id>& not_reached) {
     const std::set<host::Id> missed(not_reached.begin(), not_reached.end());
     const host::Comp* comp = shownComp(after);
     if (comp == nullptr) {
@@ -176,8 +171,7 @@ std::string layerTable(const host::Project& before, const host::Project& after,
         const host::Layer& layer = comp->layers[i];
         using host::Prop;
         rows.push_back({{std::to_string(i + 1), escapedText(layer.name),
-                         std::string(typeName(layer.type)) + (layer.three_d ? "" : " 2D"), "", "", "",
-                         keyCounts(layer),
+                         std::string(typeName(layer.type)) + (layer.three_d ? "" : " 2D"), "", "", "", keyCounts(layer),
                          layerChange(before, layer) + (missed.count(layer.id) != 0 ? ", not reached" : "")}});
         triples.push_back({triple(layer.prop(Prop::position).valueAt(comp->time)),
                            triple(layer.prop(Prop::orientation).valueAt(comp->time)),
@@ -185,8 +179,7 @@ std::string layerTable(const host::Project& before, const host::Project& after,
     }
     alignTriples(rows, triples);
     return "Composition \"" + escapedText(comp->name) + "\", " + std::to_string(comp->width) + " x " +
-           std::to_string(comp->height) + ", " + std::to_string(comp->layers.size()) + " layers\n" +
-           formatRows(rows);
+           std::to_string(comp->height) + ", " + std::to_string(comp->layers.size()) + " layers\n" + formatRows(rows);
 }
 
 }  // namespace app

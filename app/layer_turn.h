@@ -15,8 +15,7 @@ Vec3 turnXYZ(const Vec3& p, const Vec3& degrees);
 Vec3 turnLayerPoint(const Vec3& p, const Vec3& orientation, const Vec3& rotation);
 
 // The direction the layer's visible face looks to.
-inline Vec3 faceNormal(const Vec3& orientation, const Vec3& rotation)
-{
+inline Vec3 faceNormal(const Vec3& orientation, const Vec3& rotation) {
     return turnLayerPoint({0, 0, -1}, orientation, rotation);
 }
 

@@ -22,8 +22,7 @@ constexpr int kDone = 0;
 constexpr int kBadInput = 2;
 constexpr int kFailure = 3;
 
-int run(const app::Options& options)
-{
+int run(const app::Options& options) {
     const app::SessionResult result = app::runSession(options);
     const app::RunOutcome outcome = app::readRunOutcome(result.before(), *result.host, result.settings);
     app::RunReport report = app::describeRun(result, outcome);
@@ -56,8 +55,7 @@ int run(const app::Options& options)
 
 }  // namespace
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     app::ParseExit parse_exit;
     const std::optional<app::Options> options = app::parseOptions(argc, argv, ORBISETT_PLUGIN_PATH, parse_exit);
     if (!options) {

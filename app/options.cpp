@@ -36,15 +36,11 @@ Exit status: 0 done, 2 bad input (nothing written), 3 the plug-in or the host re
 
 // The single-valued options that write files, by their option names.
 const std::pair<const char*, std::string Options::*> kOutputs[] = {
-    {"--out", &Options::out},
-    {"--preview", &Options::preview},
-    {"--dialog", &Options::dialog},
-    {"--html", &Options::html},
-    {"--json-report", &Options::json_report},
+    {"--out", &Options::out},   {"--preview", &Options::preview},         {"--dialog", &Options::dialog},
+    {"--html", &Options::html}, {"--json-report", &Options::json_report},
 };
 
-void describe(CLI::App& cli, Options& options)
-{
+void describe(CLI::App& cli, Options& options) {
     cli.add_option("SCENE", options.scene,
                    "Scene file (JSON); - reads standard input; the built-in demo scene when absent");
     cli.add_option("--set", options.sets,
@@ -80,14 +76,12 @@ void describe(CLI::App& cli, Options& options)
 }
 
 // NAME=VALUE where NAME is a control: a setting that lost its --set.
-bool looksLikeSetting(const std::string& arg)
-{
+bool looksLikeSetting(const std::string& arg) {
     const std::size_t equals = arg.find('=');
     return equals != std::string::npos && find_control(std::string_view(arg).substr(0, equals)) != nullptr;
 }
 
-std::string joined(const std::vector<std::string>& values)
-{
+std::string joined(const std::vector<std::string>& values) {
     std::string out;
     for (const std::string& v : values) {
         out += (out.empty() ? "" : ", ") + v;
@@ -95,17 +89,15 @@ std::string joined(const std::vector<std::string>& values)
     return out;
 }
 
-void checkOnce(const CLI::App& cli, const char* name)
-{
+void checkOnce(const CLI::App& cli, const char* name) {
     const std::vector<std::string>& values = cli.get_option(name)->results();
     if (values.size() > 1) {
-        throw LineError(std::string(name) + " is given " + std::to_string(values.size()) + " times (" +
-                        joined(values) + "); give it once");
+        throw LineError(std::string(name) + " is given " + std::to_string(values.size()) + " times (" + joined(values) +
+                        "); give it once");
     }
 }
 
-void checkArguments(const CLI::App& cli, const Options& options)
-{
+void checkArguments(const CLI::App& cli, const Options& options) {
     for (const std::string& extra : cli.remaining()) {
         if (looksLikeSetting(extra)) {
             throw LineError(extra + ": each setting needs its own --set (--set " + extra + ")");
@@ -124,8 +116,7 @@ void checkArguments(const CLI::App& cli, const Options& options)
     }
 }
 
-void checkOutputs(const Options& options)
-{
+void checkOutputs(const Options& options) {
     std::vector<std::pair<const char*, std::string>> named;
     for (const auto& [name, member] : kOutputs) {
         const std::string& path = options.*member;
@@ -155,12 +146,12 @@ void checkOutputs(const Options& options)
 }  // namespace
 
 std::optional<Options> parseOptions(int argc, const char* const* argv, const std::string& default_plugin,
-                                    ParseExit& exit)
-{
+                                    ParseExit& exit) {
     Options options;
-    CLI::App cli{"Runs the Orbisett plug-in in the host stand-in on a scene, as a user would in its dialog, and "
-                 "reports what it did.",
-                 "orbisett-host"};
+    CLI::App cli{
+        "Runs the Orbisett plug-in in the host stand-in on a scene, as a user would in its dialog, and "
+        "reports what it did.",
+        "orbisett-host"};
     describe(cli, options);
     try {
         cli.parse(argc, argv);

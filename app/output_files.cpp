@@ -21,8 +21,7 @@ namespace fs = std::filesystem;
 std::string folderOf(const fs::path& path) { return path.has_parent_path() ? path.parent_path().string() : "."; }
 
 // The system's reason, with the folder named when it is the folder that is missing.
-std::string reason(const OutputFile& file, int error)
-{
+std::string reason(const OutputFile& file, int error) {
     std::string text = std::strerror(error);
     std::error_code ec;
     if (error == ENOENT && !fs::is_directory(folderOf(file.path), ec)) {
@@ -31,14 +30,12 @@ std::string reason(const OutputFile& file, int error)
     return text;
 }
 
-[[noreturn]] void refuse(const OutputFile& file, const std::string& why)
-{
+[[noreturn]] void refuse(const OutputFile& file, const std::string& why) {
     throw AppError(file.option + " " + file.path + ": cannot write: " + why);
 }
 
 // Where the file ends up: a link is followed, so the file it points to is the one replaced.
-std::string finalPath(const OutputFile& file)
-{
+std::string finalPath(const OutputFile& file) {
     std::error_code ec;
     if (fs::is_symlink(file.path, ec)) {
         const fs::path target = fs::weakly_canonical(file.path, ec);
@@ -47,8 +44,7 @@ std::string finalPath(const OutputFile& file)
     return file.path;
 }
 
-mode_t newFileMode()
-{
+mode_t newFileMode() {
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return 0666 & ~mask;
@@ -61,8 +57,7 @@ public:
     int error() const { return error_; }
 
 protected:
-    int_type overflow(int_type c) override
-    {
+    int_type overflow(int_type c) override {
         if (!flush()) {
             return traits_type::eof();
         }
@@ -75,8 +70,7 @@ protected:
     int sync() override { return flush() ? 0 : -1; }
 
 private:
-    bool flush()
-    {
+    bool flush() {
         for (const char* p = pbase(); error_ == 0 && p < pptr();) {
             const ssize_t n = ::write(fd_, p, static_cast<std::size_t>(pptr() - p));
             if (n < 0 && errno != EINTR) {
@@ -94,8 +88,7 @@ private:
 };
 
 // Writes the file's content to an open file and closes it; the system's error, or 0.
-int writeAndClose(int fd, const OutputFile& file)
-{
+int writeAndClose(int fd, const OutputFile& file) {
     DescriptorBuffer buffer(fd);
     std::ostream stream(&buffer);
     file.write(stream);
@@ -109,16 +102,14 @@ int writeAndClose(int fd, const OutputFile& file)
 
 // Whether the name is taken by something that is not a file to replace: a device, a pipe or a
 // socket is written to, never renamed over.
-bool isSpecial(const std::string& target)
-{
+bool isSpecial(const std::string& target) {
     std::error_code ec;
     const fs::file_status status = fs::status(target, ec);
     return !ec && fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
 }
 
 // Writes the bytes to a new file beside `target`; returns its name. Throws AppError.
-std::string writeBeside(const OutputFile& file, const std::string& target)
-{
+std::string writeBeside(const OutputFile& file, const std::string& target) {
     std::error_code ec;
     if (fs::is_directory(target, ec)) {
         refuse(file, "it is a folder");
@@ -137,8 +128,7 @@ std::string writeBeside(const OutputFile& file, const std::string& target)
     return temporary;
 }
 
-void writeInto(const OutputFile& file, const std::string& target)
-{
+void writeInto(const OutputFile& file, const std::string& target) {
     const int fd = ::open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
     const int error = fd < 0 ? errno : writeAndClose(fd, file);
     if (error != 0) {
@@ -148,14 +138,13 @@ void writeInto(const OutputFile& file, const std::string& target)
 
 }  // namespace
 
-OutputFile outputOf(std::string option, std::string path, std::string bytes)
-{
-    return {std::move(option), std::move(path),
-            [bytes = std::move(bytes)](std::ostream& out) { out.write(bytes.data(), static_cast<std::streamsize>(bytes.size())); }};
+OutputFile outputOf(std::string option, std::string path, std::string bytes) {
+    return {std::move(option), std::move(path), [bytes = std::move(bytes)](std::ostream& out) {
+                out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+            }};
 }
 
-void writeAll(const std::vector<OutputFile>& files)
-{
+void writeAll(const std::vector<OutputFile>& files) {
     struct Pending {
         const OutputFile* file;
         std::string temporary;

@@ -14,8 +14,7 @@ namespace app {
 
 namespace {
 
-bool endsWith(std::string_view path, std::string_view ending)
-{
+bool endsWith(std::string_view path, std::string_view ending) {
     return path.size() >= ending.size() &&
            std::equal(ending.begin(), ending.end(), path.end() - static_cast<std::ptrdiff_t>(ending.size()),
                       [](char a, char b) { return a == std::tolower(static_cast<unsigned char>(b)); });
@@ -31,8 +30,7 @@ struct CairoFree {
     void operator()(cairo_t* c) const { cairo_destroy(c); }
 };
 
-std::string takeMessage(GError* error)
-{
+std::string takeMessage(GError* error) {
     std::string text = error != nullptr && error->message != nullptr ? error->message : "unknown error";
     if (error != nullptr) {
         g_error_free(error);
@@ -40,16 +38,14 @@ std::string takeMessage(GError* error)
     return text;
 }
 
-cairo_status_t appendBytes(void* closure, const unsigned char* data, unsigned int length)
-{
+cairo_status_t appendBytes(void* closure, const unsigned char* data, unsigned int length) {
     static_cast<std::string*>(closure)->append(reinterpret_cast<const char*>(data), length);
     return CAIRO_STATUS_SUCCESS;
 }
 
 }  // namespace
 
-std::optional<PictureFormat> pictureFormat(std::string_view path)
-{
+std::optional<PictureFormat> pictureFormat(std::string_view path) {
     if (endsWith(path, ".svg")) {
         return PictureFormat::svg;
     }
@@ -59,8 +55,7 @@ std::optional<PictureFormat> pictureFormat(std::string_view path)
     return std::nullopt;
 }
 
-std::string pictureNameProblem(std::string_view option, std::string_view path)
-{
+std::string pictureNameProblem(std::string_view option, std::string_view path) {
     if (pictureFormat(path)) {
         return {};
     }
@@ -68,8 +63,7 @@ std::string pictureNameProblem(std::string_view option, std::string_view path)
            ": the picture's file name must end in .svg or .png, which choose its format";
 }
 
-std::string renderPng(const std::string& svg)
-{
+std::string renderPng(const std::string& svg) {
     GError* error = nullptr;
     std::unique_ptr<RsvgHandle, HandleFree> handle(
         rsvg_handle_new_from_data(reinterpret_cast<const guint8*>(svg.data()), svg.size(), &error));
@@ -97,8 +91,7 @@ std::string renderPng(const std::string& svg)
     return png;
 }
 
-std::string pictureBytes(const std::string& svg, PictureFormat format)
-{
+std::string pictureBytes(const std::string& svg, PictureFormat format) {
     return format == PictureFormat::png ? renderPng(svg) : svg;
 }
 

@@ -4,8 +4,7 @@
 
 namespace app {
 
-Camera cameraLookingAt(const Vec3& eye, const Vec3& target)
-{
+Camera cameraLookingAt(const Vec3& eye, const Vec3& target) {
     Camera camera;
     camera.eye = eye;
     camera.forward = normalized(target - eye);
@@ -15,8 +14,7 @@ Camera cameraLookingAt(const Vec3& eye, const Vec3& target)
     return camera;
 }
 
-Camera raisedCamera(const Vec3& centre, double radius, double elevation)
-{
+Camera raisedCamera(const Vec3& centre, double radius, double elevation) {
     const double a = elevation * std::numbers::pi / 180.0;
     // Up is -Y and the viewer's side is -Z.
     const Vec3 back_and_up{0, -std::sin(a), -std::cos(a)};
@@ -24,8 +22,7 @@ Camera raisedCamera(const Vec3& centre, double radius, double elevation)
     return cameraLookingAt(centre + distance * back_and_up, centre);
 }
 
-Projected project(const Camera& camera, const Vec3& point)
-{
+Projected project(const Camera& camera, const Vec3& point) {
     const Vec3 d = point - camera.eye;
     const double depth = dot(d, camera.forward);
     // Points at or behind the eye do not occur for the cameras made here; keep them finite anyway.

@@ -8,8 +8,7 @@ namespace {
 
 constexpr std::size_t kNamesShown = 6;
 
-std::string layerName(const host::Comp& comp, host::Id id)
-{
+std::string layerName(const host::Comp& comp, host::Id id) {
     for (const host::Layer& layer : comp.layers) {
         if (layer.id == id) {
             return layer.name;
@@ -18,8 +17,7 @@ std::string layerName(const host::Comp& comp, host::Id id)
     return "?";
 }
 
-std::vector<std::string> names(const host::Comp& comp, const std::vector<host::Id>& ids)
-{
+std::vector<std::string> names(const host::Comp& comp, const std::vector<host::Id>& ids) {
     std::vector<std::string> out;
     for (const host::Id id : ids) {
         out.push_back(layerName(comp, id));
@@ -27,21 +25,19 @@ std::vector<std::string> names(const host::Comp& comp, const std::vector<host::I
     return out;
 }
 
-std::string count(std::size_t n, const char* one, const char* many)
-{
+std::string count(std::size_t n, const char* one, const char* many) {
     return std::to_string(n) + " " + (n == 1 ? one : many);
 }
 
-std::string whatRan(const host::Comp& comp, const RunOutcome& o)
-{
+std::string whatRan(const host::Comp& comp, const RunOutcome& o) {
     std::string text = "\"" + comp.name + "\": ";
     switch (o.apply) {
-    case ApplyState::not_applied:
-        return text + "not applied; the command would take " + count(o.taken.size(), "layer", "layers") + ".";
-    case ApplyState::undone:
-        return text + "the step was undone: every layer is back where it was.";
-    case ApplyState::applied:
-        break;
+        case ApplyState::not_applied:
+            return text + "not applied; the command would take " + count(o.taken.size(), "layer", "layers") + ".";
+        case ApplyState::undone:
+            return text + "the step was undone: every layer is back where it was.";
+        case ApplyState::applied:
+            break;
     }
     text += std::to_string(o.arranged.size()) + " of " + count(o.written.size(), "layer", "layers") +
             " placed on the surface";
@@ -51,8 +47,7 @@ std::string whatRan(const host::Comp& comp, const RunOutcome& o)
     return text + ".";
 }
 
-std::string notesSentence(const Surface& s)
-{
+std::string notesSentence(const Surface& s) {
     std::string text;
     for (const std::string& note : s.notes) {
         text += (text.empty() ? "" : "; ") + note;
@@ -66,8 +61,7 @@ std::string notesSentence(const Surface& s)
 
 }  // namespace
 
-std::string nameList(const std::vector<std::string>& list, std::size_t shown)
-{
+std::string nameList(const std::vector<std::string>& list, std::size_t shown) {
     std::string text;
     const std::size_t n = std::min(list.size(), shown);
     for (std::size_t i = 0; i < n; ++i) {
@@ -79,8 +73,7 @@ std::string nameList(const std::vector<std::string>& list, std::size_t shown)
     return text;
 }
 
-std::vector<std::string> captionSentences(const CaptionFacts& f)
-{
+std::vector<std::string> captionSentences(const CaptionFacts& f) {
     const RunOutcome& o = *f.outcome;
     std::vector<std::string> lines{whatRan(*f.comp, o), describeSurface(o.surface) + "."};
     if (const std::string notes = notesSentence(o.surface); !notes.empty()) {
@@ -96,13 +89,13 @@ std::vector<std::string> captionSentences(const CaptionFacts& f)
     if (!f.left_out.empty()) {
         lines.push_back("Left out, too large or not finite to draw: " + nameList(f.left_out, kNamesShown) + ".");
     }
-    lines.push_back("Light: front faces; dark: back faces; dashed: layers without a source (their extent is not "
-                    "known); faint grey: the composition's frame and centre; dashed grey: the surface used.");
+    lines.push_back(
+        "Light: front faces; dark: back faces; dashed: layers without a source (their extent is not "
+        "known); faint grey: the composition's frame and centre; dashed grey: the surface used.");
     return lines;
 }
 
-std::vector<std::string> wrapText(const std::string& text, std::size_t width)
-{
+std::vector<std::string> wrapText(const std::string& text, std::size_t width) {
     std::vector<std::string> lines;
     std::istringstream words(text);
     std::string word, line;

@@ -12,8 +12,7 @@ namespace {
 // name judged to fit does fit.
 constexpr double kLetterWidth = 0.62;
 
-std::size_t letters(std::string_view text)
-{
+std::size_t letters(std::string_view text) {
     std::size_t n = 0;
     for (const char c : text) {
         n += (static_cast<unsigned char>(c) & 0xC0) != 0x80;  // UTF-8 continuation bytes add none
@@ -23,8 +22,7 @@ std::size_t letters(std::string_view text)
 
 double side(Point2 a, Point2 b, Point2 p) { return (b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x); }
 
-bool inside(const std::vector<Point2>& face, Point2 p)
-{
+bool inside(const std::vector<Point2>& face, Point2 p) {
     bool any_positive = false, any_negative = false;
     for (std::size_t i = 0; i < face.size(); ++i) {
         const double s = side(face[i], face[(i + 1) % face.size()], p);
@@ -35,8 +33,7 @@ bool inside(const std::vector<Point2>& face, Point2 p)
 }
 
 // The extent of points along an axis.
-std::pair<double, double> extent(const Point2* points, std::size_t n, Point2 axis)
-{
+std::pair<double, double> extent(const Point2* points, std::size_t n, Point2 axis) {
     double low = 1e300, high = -1e300;
     for (std::size_t i = 0; i < n; ++i) {
         const double d = points[i].x * axis.x + points[i].y * axis.y;
@@ -48,8 +45,7 @@ std::pair<double, double> extent(const Point2* points, std::size_t n, Point2 axi
 
 }  // namespace
 
-bool covers(const std::vector<Point2>& face, const Label& label)
-{
+bool covers(const std::vector<Point2>& face, const Label& label) {
     const Point2 box[] = {label.low, {label.high.x, label.low.y}, label.high, {label.low.x, label.high.y}};
     // Two convex shapes are apart exactly when one of their edges' normals separates them.
     std::vector<Point2> axes{{1, 0}, {0, 1}};
@@ -67,8 +63,7 @@ bool covers(const std::vector<Point2>& face, const Label& label)
     return true;
 }
 
-std::optional<Label> fitLabel(const std::vector<Point2>& face, Point2 centre, std::string_view name)
-{
+std::optional<Label> fitLabel(const std::vector<Point2>& face, Point2 centre, std::string_view name) {
     const std::size_t n = letters(name);
     if (face.size() < 3 || n == 0) {
         return std::nullopt;

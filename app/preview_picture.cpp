@@ -40,8 +40,7 @@ struct Item {
     Vec3 a, b;  // the piece of outline, when not a layer
 };
 
-bool sane(const PlacedLayer& layer)
-{
+bool sane(const PlacedLayer& layer) {
     for (const Vec3& c : layer.corners) {
         for (const double v : {c.x, c.y, c.z}) {
             if (!std::isfinite(v) || std::fabs(v) > kAbsurd) {
@@ -52,8 +51,7 @@ bool sane(const PlacedLayer& layer)
     return true;
 }
 
-std::vector<Vec3> ellipse(const Surface& s, double y)
-{
+std::vector<Vec3> ellipse(const Surface& s, double y) {
     std::vector<Vec3> ring;
     for (int i = 0; i <= kOutlineSegments; ++i) {
         const double a = 2 * std::numbers::pi * i / kOutlineSegments;
@@ -64,13 +62,13 @@ std::vector<Vec3> ellipse(const Surface& s, double y)
 
 // The surface's outline as pieces: top and bottom rims (one ellipse for the equator and the
 // ring) and the axis through its centre.
-std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s)
-{
+std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s) {
     std::vector<std::pair<Vec3, Vec3>> pieces;
     if (!s.known) {
         return pieces;
     }
-    const std::vector<double> rims = s.top == s.bottom ? std::vector<double>{s.top} : std::vector<double>{s.top, s.bottom};
+    const std::vector<double> rims =
+        s.top == s.bottom ? std::vector<double>{s.top} : std::vector<double>{s.top, s.bottom};
     for (const double y : rims) {
         const std::vector<Vec3> ring = ellipse(s, y);
         for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
@@ -89,8 +87,7 @@ std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s)
     return pieces;
 }
 
-std::vector<Vec3> compFrame(const host::Comp& comp)
-{
+std::vector<Vec3> compFrame(const host::Comp& comp) {
     const double w = comp.width, h = comp.height;
     return {{0, 0, 0}, {w, 0, 0}, {w, h, 0}, {0, h, 0}};
 }
@@ -99,8 +96,7 @@ std::vector<Vec3> compFrame(const host::Comp& comp)
 // cylinder with a few rows at its foot would leave them tiny); the layers the command takes and
 // the whole surface when none was arranged; the composition's frame when there is nothing else.
 std::vector<Vec3> framedPoints(const std::vector<const PlacedLayer*>& layers, const RunOutcome& o,
-                               const host::Comp& comp)
-{
+                               const host::Comp& comp) {
     std::vector<Vec3> points;
     const std::set<host::Id> arranged(o.arranged.begin(), o.arranged.end());
     const std::set<host::Id> taken(o.taken.begin(), o.taken.end());
@@ -136,8 +132,7 @@ std::vector<Vec3> framedPoints(const std::vector<const PlacedLayer*>& layers, co
 }
 
 // The camera looks at the middle of what it frames, on the surface's axis when there is one.
-Vec3 frameTarget(const std::vector<Vec3>& points, const Surface& s)
-{
+Vec3 frameTarget(const std::vector<Vec3>& points, const Surface& s) {
     Vec3 low = points.front(), high = points.front();
     for (const Vec3& p : points) {
         low = {std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
@@ -147,8 +142,8 @@ Vec3 frameTarget(const std::vector<Vec3>& points, const Surface& s)
     return s.known ? Vec3{s.centre.x, middle.y, s.centre.z} : middle;
 }
 
-void drawSegment(SvgWriter& svg, const View& view, const Area& bounds, const Vec3& a, const Vec3& b, const Style& style)
-{
+void drawSegment(SvgWriter& svg, const View& view, const Area& bounds, const Vec3& a, const Vec3& b,
+                 const Style& style) {
     const auto near = view.clipNear(a, b);
     if (!near) {
         return;
@@ -158,8 +153,7 @@ void drawSegment(SvgWriter& svg, const View& view, const Area& bounds, const Vec
     }
 }
 
-void drawCross(SvgWriter& svg, const View& view, const Area& area, const Vec3& at, const Style& style)
-{
+void drawCross(SvgWriter& svg, const View& view, const Area& area, const Vec3& at, const Style& style) {
     if (!view.inFront(at) || !area.contains(view(at))) {
         return;
     }
@@ -169,8 +163,7 @@ void drawCross(SvgWriter& svg, const View& view, const Area& area, const Vec3& a
     svg.polyline({{c.x, c.y - r}, {c.x, c.y + r}}, style);
 }
 
-void drawReference(SvgWriter& svg, const View& view, const Area& area, const host::Comp& comp)
-{
+void drawReference(SvgWriter& svg, const View& view, const Area& area, const host::Comp& comp) {
     const std::vector<Vec3> frame = compFrame(comp);
     const Area& bounds = area;
     svg.beginGroup("composition", "data-reference=\"composition\"");
@@ -188,8 +181,7 @@ struct Face {
     std::optional<Label> label;
 };
 
-Face faceOf(const PlacedLayer& layer, const View& view)
-{
+Face faceOf(const PlacedLayer& layer, const View& view) {
     Face face;
     face.front = dot(layer.normal, view.camera().eye - layer.centre) > 0;
     for (const Vec3& c : layer.corners) {
@@ -202,8 +194,7 @@ Face faceOf(const PlacedLayer& layer, const View& view)
 // A name partly hidden by a nearer face would read as another name ("Card 1" of "Card 12"), so a
 // label that any face painted after it touches is left out; the name stays on hover. Faces are
 // filed in a grid of the picture so that a label meets only the faces near it.
-void hideCoveredLabels(std::vector<Face>& faces, const std::vector<Item>& items)
-{
+void hideCoveredLabels(std::vector<Face>& faces, const std::vector<Item>& items) {
     constexpr double kCell = 40;
     constexpr int kColumns = static_cast<int>(kWidth / kCell) + 1, kRows = static_cast<int>(kHeight / kCell) + 1;
     auto cells = [](Point2 low, Point2 high, auto&& visit) {
@@ -248,8 +239,7 @@ void hideCoveredLabels(std::vector<Face>& faces, const std::vector<Item>& items)
 // Where thousands of faces crowd into a small part of the picture, outlines of a fixed width would
 // cover their fills, and the dark outlines of front faces would read as back faces. Outlines get
 // thinner until their ink is at most about a sixth of the area the faces span.
-double outlineWidth(const std::vector<Face>& faces)
-{
+double outlineWidth(const std::vector<Face>& faces) {
     constexpr double kInk = 1.0 / 6, kThinnest = 0.2;
     double perimeter = 0;
     Point2 low{1e300, 1e300}, high{-1e300, -1e300};
@@ -261,15 +251,15 @@ double outlineWidth(const std::vector<Face>& faces)
             high = {std::max(high.x, p.x), std::max(high.y, p.y)};
         }
     }
-    const double span = std::clamp(high.x - low.x, 0.0, double{kWidth}) * std::clamp(high.y - low.y, 0.0, double{kHeight});
+    const double span =
+        std::clamp(high.x - low.x, 0.0, double{kWidth}) * std::clamp(high.y - low.y, 0.0, double{kHeight});
     if (perimeter <= 0) {
         return kFront.stroke_width;
     }
     return std::clamp(kInk * span / perimeter, kThinnest, kFront.stroke_width);
 }
 
-void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const Face& face, double outline)
-{
+void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const Face& face, double outline) {
     svg.beginGroup(layer.name);
     svg.title(layer.name);
     Style style = !layer.has_source ? kNoSource : face.front ? kFront : kBack;
@@ -286,8 +276,7 @@ void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const Face& face, doubl
 }
 
 // The surface's numbers as drawn, for readers of the picture.
-std::string surfaceAttributes(const Surface& s)
-{
+std::string surfaceAttributes(const Surface& s) {
     return "data-surface=\"" + std::string(s.top == s.bottom ? "ellipse" : "cylinder") + "\" data-centre=\"" +
            exactNumber(s.centre.x) + " " + exactNumber(s.centre.y) + " " + exactNumber(s.centre.z) +
            "\" data-half-x=\"" + exactNumber(s.half_x) + "\" data-half-z=\"" + exactNumber(s.half_z) +
@@ -296,8 +285,7 @@ std::string surfaceAttributes(const Surface& s)
 
 }  // namespace
 
-Preview drawPreview(const host::Project& project, const RunOutcome& outcome)
-{
+Preview drawPreview(const host::Project& project, const RunOutcome& outcome) {
     Preview preview;
     SvgWriter svg(kWidth, kHeight, "#f6f7f9");
     const host::Comp* comp = outcome.comp != 0 ? project.comp(outcome.comp) : reportedComp(project);
@@ -342,7 +330,8 @@ Preview drawPreview(const host::Project& project, const RunOutcome& outcome)
         for (const Vec3& c : layer->corners) {
             in_front = in_front && view.inFront(c);
             const Point2 q = view(c);
-            box = {std::min(box.left, q.x), std::min(box.top, q.y), std::max(box.right, q.x), std::max(box.bottom, q.y)};
+            box = {std::min(box.left, q.x), std::min(box.top, q.y), std::max(box.right, q.x),
+                   std::max(box.bottom, q.y)};
             depth += view.depth(c) / 4;
         }
         const bool overlaps = box.right >= 0 && box.left <= kWidth && box.bottom >= area.top && box.top <= kHeight;

@@ -8,8 +8,7 @@ namespace app {
 
 namespace {
 
-bool isSurfaceLayer(const host::Layer& layer)
-{
+bool isSurfaceLayer(const host::Layer& layer) {
     // Cameras and lights have no rectangle to show.
     return layer.three_d && (layer.type == AEGP_ObjectType_AV || layer.type == AEGP_ObjectType_TEXT ||
                              layer.type == AEGP_ObjectType_VECTOR);
@@ -17,8 +16,7 @@ bool isSurfaceLayer(const host::Layer& layer)
 
 }  // namespace
 
-const host::Comp* reportedComp(const host::Project& project)
-{
+const host::Comp* reportedComp(const host::Project& project) {
     for (const host::Comp& comp : project.comps) {
         if (comp.id == project.active) {
             return &comp;
@@ -27,8 +25,7 @@ const host::Comp* reportedComp(const host::Project& project)
     return project.comps.empty() ? nullptr : &project.comps.front();
 }
 
-std::array<double, 2> layerSize(const host::Project& project, const host::Comp& comp, const host::Layer& layer)
-{
+std::array<double, 2> layerSize(const host::Project& project, const host::Comp& comp, const host::Layer& layer) {
     if (const host::Footage* footage = project.findFootage(layer.source)) {
         return {static_cast<double>(footage->width), static_cast<double>(footage->height)};
     }
@@ -39,8 +36,7 @@ std::array<double, 2> layerSize(const host::Project& project, const host::Comp& 
 }
 
 PlacedLayer placeRectangle(double width, double height, const Vec3& position, const Vec3& scale,
-                           const Vec3& orientation, const Vec3& rotation)
-{
+                           const Vec3& orientation, const Vec3& rotation) {
     const double hx = 0.5 * width * scale.x / 100.0;
     const double hy = 0.5 * height * scale.y / 100.0;
     const std::array<Vec3, 4> local{{{-hx, -hy, 0}, {hx, -hy, 0}, {hx, hy, 0}, {-hx, hy, 0}}};
@@ -54,8 +50,7 @@ PlacedLayer placeRectangle(double width, double height, const Vec3& position, co
     return placed;
 }
 
-std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::Comp& comp)
-{
+std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::Comp& comp) {
     using host::Prop;
     std::vector<PlacedLayer> placed;
     for (std::size_t i = 0; i < comp.layers.size(); ++i) {

@@ -17,11 +17,11 @@ namespace app {
 struct PlacedLayer {
     std::string name;
     host::Id id = 0;
-    int number = 0;                // 1-based place in the layer order
-    bool has_source = true;        // false for text and shape layers: their extent is not known
-    std::array<Vec3, 4> corners;   // wound so that the front face's normal follows from them
-    Vec3 centre;                   // the anchor, at the layer's position
-    Vec3 normal;                   // the visible face's unit normal, from the drawn corners
+    int number = 0;               // 1-based place in the layer order
+    bool has_source = true;       // false for text and shape layers: their extent is not known
+    std::array<Vec3, 4> corners;  // wound so that the front face's normal follows from them
+    Vec3 centre;                  // the anchor, at the layer's position
+    Vec3 normal;                  // the visible face's unit normal, from the drawn corners
 };
 
 // The composition the tool reports on: the active one, or the first.

@@ -12,15 +12,13 @@ constexpr double kNearShare = 0.05;
 
 }  // namespace
 
-Area Area::grown(double k) const
-{
+Area Area::grown(double k) const {
     const double dx = k * (right - left);
     const double dy = k * (bottom - top);
     return {left - dx, top - dy, right + dx, bottom + dy};
 }
 
-View::View(const std::vector<Vec3>& framed, const Vec3& target, double elevation, const Area& area)
-{
+View::View(const std::vector<Vec3>& framed, const Vec3& target, double elevation, const Area& area) {
     double radius = 1;
     for (const Vec3& p : framed) {
         radius = std::max(radius, length(p - target));
@@ -48,14 +46,12 @@ View::View(const std::vector<Vec3>& framed, const Vec3& target, double elevation
     offset_y_ = area.top + 0.5 * (room_y - scale_ * (max_y - min_y)) - scale_ * min_y;
 }
 
-Point2 View::operator()(const Vec3& p) const
-{
+Point2 View::operator()(const Vec3& p) const {
     const Projected q = project(camera_, p);
     return {offset_x_ + scale_ * q.x, offset_y_ + scale_ * q.y};
 }
 
-std::optional<std::pair<Vec3, Vec3>> View::clipNear(const Vec3& a, const Vec3& b) const
-{
+std::optional<std::pair<Vec3, Vec3>> View::clipNear(const Vec3& a, const Vec3& b) const {
     const double da = depth(a) - near_;
     const double db = depth(b) - near_;
     if (da <= 0 && db <= 0) {
@@ -68,8 +64,7 @@ std::optional<std::pair<Vec3, Vec3>> View::clipNear(const Vec3& a, const Vec3& b
     return da > 0 ? std::pair{a, cut} : std::pair{cut, b};
 }
 
-std::optional<std::pair<Point2, Point2>> clipToArea(Point2 a, Point2 b, const Area& area)
-{
+std::optional<std::pair<Point2, Point2>> clipToArea(Point2 a, Point2 b, const Area& area) {
     // Liang and Barsky: the segment a + t (b - a), t in [0, 1], cut by each side in turn.
     double t0 = 0, t1 = 1;
     const double dx = b.x - a.x, dy = b.y - a.y;

@@ -16,8 +16,7 @@ namespace {
 // surface's size: the layout's own arithmetic is many orders of magnitude closer.
 constexpr double kOnSurface = 1e-6;
 
-bool isArrangeable(const host::Layer& layer)
-{
+bool isArrangeable(const host::Layer& layer) {
     return layer.three_d && (layer.type == AEGP_ObjectType_AV || layer.type == AEGP_ObjectType_TEXT ||
                              layer.type == AEGP_ObjectType_VECTOR);
 }
@@ -25,14 +24,12 @@ bool isArrangeable(const host::Layer& layer)
 // A composition's layers by id: compositions of many thousand layers are looked up as often.
 class LayerIndex {
 public:
-    explicit LayerIndex(const host::Comp& comp)
-    {
+    explicit LayerIndex(const host::Comp& comp) {
         for (const host::Layer& layer : comp.layers) {
             layers_.emplace(layer.id, &layer);
         }
     }
-    const host::Layer* find(host::Id id) const
-    {
+    const host::Layer* find(host::Id id) const {
         const auto it = layers_.find(id);
         return it != layers_.end() ? it->second : nullptr;
     }
@@ -42,8 +39,7 @@ private:
 };
 
 // The last outermost step the plug-in opened, if any.
-const host::UndoGroup* applyStep(const host::Host& host)
-{
+const host::UndoGroup* applyStep(const host::Host& host) {
     const std::vector<host::UndoGroup>& groups = host.undoGroups();
     for (auto it = groups.rbegin(); it != groups.rend(); ++it) {
         if (it->depth == 0 && it->name == kProductName) {
@@ -53,8 +49,7 @@ const host::UndoGroup* applyStep(const host::Host& host)
     return nullptr;
 }
 
-SurfaceMode chosenMode(const nlohmann::json& settings)
-{
+SurfaceMode chosenMode(const nlohmann::json& settings) {
     const bool evenly = settingOn(settings, "CHECK_DISTRIBUTE_EVENLY");
     if (!evenly && settingOn(settings, "CHECK_RADIUS_BY_FIRST")) {
         return SurfaceMode::radius_by_first;
@@ -68,8 +63,7 @@ SurfaceMode chosenMode(const nlohmann::json& settings)
 // The Begin radios are tested Front, Back, Left; none of them means Right.
 enum class Side { front, back, left, right };
 
-Side beginSide(const nlohmann::json& settings)
-{
+Side beginSide(const nlohmann::json& settings) {
     if (settingOn(settings, "RADIO_BEGIN_FRONT")) {
         return Side::front;
     }
@@ -80,14 +74,12 @@ Side beginSide(const nlohmann::json& settings)
 }
 
 // A box extent halved as the layout halves it: in single precision.
-double halfExtent(const nlohmann::json& settings, const char* name)
-{
+double halfExtent(const nlohmann::json& settings, const char* name) {
     return static_cast<double>(static_cast<float>(settingNumber(settings, name)) * 0.5f);
 }
 
 // A host position back in the layout frame (Y up, Z toward the viewer) around the surface's centre.
-Vec3 layoutPoint(const Vec3& position, const Vec3& centre)
-{
+Vec3 layoutPoint(const Vec3& position, const Vec3& centre) {
     return {position.x - centre.x, centre.y - position.y, centre.z - position.z};
 }
 
@@ -96,8 +88,7 @@ struct Shape {
     double low = 0, high = 0;  // layout heights
 };
 
-bool onShape(const Vec3& p, const Shape& s)
-{
+bool onShape(const Vec3& p, const Shape& s) {
     if (!(s.half_x > 0 && s.half_z > 0) || !std::isfinite(p.x) || !std::isfinite(p.y) || !std::isfinite(p.z)) {
         return false;
     }
@@ -111,21 +102,18 @@ struct Reading {
     std::vector<Vec3> points;  // layout-frame places of the written layers, in list order
 };
 
-std::size_t countOn(const Reading& r, const Shape& s)
-{
-    return static_cast<std::size_t>(std::count_if(r.points.begin(), r.points.end(),
-                                                  [&](const Vec3& p) { return onShape(p, s); }));
+std::size_t countOn(const Reading& r, const Shape& s) {
+    return static_cast<std::size_t>(
+        std::count_if(r.points.begin(), r.points.end(), [&](const Vec3& p) { return onShape(p, s); }));
 }
 
-std::string number(double value)
-{
+std::string number(double value) {
     char text[32];
     std::snprintf(text, sizeof text, std::fabs(value - std::round(value)) < 0.05 ? "%.0f" : "%.1f", value);
     return text;
 }
 
-std::string layerName(const Reading& r, host::Id id)
-{
+std::string layerName(const Reading& r, host::Id id) {
     const host::Layer* layer = r.layers->find(id);
     return layer != nullptr ? "\"" + layer->name + "\"" : "the first layer";
 }
@@ -134,8 +122,7 @@ std::string layerName(const Reading& r, host::Id id)
 // width sets, so the first written layer's distance from the axis is that radius. A first layer
 // without width gives no radius, and the layout then falls back to the box's ellipse.
 std::optional<Shape> radiusShape(const Reading& r, const Shape& box, const nlohmann::json& settings,
-                                 std::vector<std::string>& notes)
-{
+                                 std::vector<std::string>& notes) {
     if (settingOn(settings, "RADIO_SECTOR") && !settingOn(settings, "CHECK_SECTOR_FRONT") &&
         !settingOn(settings, "CHECK_SECTOR_RIGHT") && !settingOn(settings, "CHECK_SECTOR_BACK") &&
         !settingOn(settings, "CHECK_SECTOR_LEFT")) {
@@ -158,8 +145,7 @@ std::optional<Shape> radiusShape(const Reading& r, const Shape& box, const nlohm
 
 // The ring's first panel is centred on the ring's ellipse at the Begin side, at height 0; the
 // other half-axis follows from the box's proportions, computed as the ring computes them.
-std::optional<Shape> ringShape(const Reading& r, const nlohmann::json& settings, std::vector<std::string>& notes)
-{
+std::optional<Shape> ringShape(const Reading& r, const nlohmann::json& settings, std::vector<std::string>& notes) {
     const Vec3& p = r.points.front();
     const double hx = static_cast<double>(static_cast<float>(settingNumber(settings, "EDIT_DIM_X"))) * 0.5;
     const double hz = static_cast<double>(static_cast<float>(settingNumber(settings, "EDIT_DIM_Z"))) * 0.5;
@@ -168,18 +154,18 @@ std::optional<Shape> ringShape(const Reading& r, const nlohmann::json& settings,
     double across = 0;  // its distance from the Begin side's axis, 0 at the start
     Shape shape;
     switch (beginSide(settings)) {
-    case Side::front:
-        along = p.z, across = p.x, shape.half_z = along, shape.half_x = along / aspect;
-        break;
-    case Side::back:
-        along = -p.z, across = p.x, shape.half_z = along, shape.half_x = along / aspect;
-        break;
-    case Side::left:
-        along = -p.x, across = p.z, shape.half_x = along, shape.half_z = along * aspect;
-        break;
-    case Side::right:
-        along = p.x, across = p.z, shape.half_x = along, shape.half_z = along * aspect;
-        break;
+        case Side::front:
+            along = p.z, across = p.x, shape.half_z = along, shape.half_x = along / aspect;
+            break;
+        case Side::back:
+            along = -p.z, across = p.x, shape.half_z = along, shape.half_x = along / aspect;
+            break;
+        case Side::left:
+            along = -p.x, across = p.z, shape.half_x = along, shape.half_z = along * aspect;
+            break;
+        case Side::right:
+            along = p.x, across = p.z, shape.half_x = along, shape.half_z = along * aspect;
+            break;
     }
     const double slack = kOnSurface * std::max(1.0, std::fabs(along));
     if (r.points.size() < 3 || !(along > 0) || !std::isfinite(along) || std::fabs(across) > slack ||
@@ -190,20 +176,18 @@ std::optional<Shape> ringShape(const Reading& r, const nlohmann::json& settings,
     return shape;
 }
 
-std::vector<std::string> differences(SurfaceMode mode, const Surface& s, const Shape& box, const std::string& first)
-{
+std::vector<std::string> differences(SurfaceMode mode, const Surface& s, const Shape& box, const std::string& first) {
     std::vector<std::string> notes;
     if (!s.known) {
         return notes;
     }
     const std::string box_size = number(2 * box.half_x) + " x " + number(2 * box.half_z);
     if (mode == SurfaceMode::radius_by_first && s.half_x == s.half_z) {
-        notes.push_back("radius " + number(s.half_x) + " set by the width of " + first + ", not the box's " +
-                        box_size);
+        notes.push_back("radius " + number(s.half_x) + " set by the width of " + first + ", not the box's " + box_size);
     }
     if (mode == SurfaceMode::ring) {
-        notes.push_back("ring " + number(2 * s.half_x) + " x " + number(2 * s.half_z) + " sized by the layers' widths; the box's " +
-                        box_size + " gives only its proportions");
+        notes.push_back("ring " + number(2 * s.half_x) + " x " + number(2 * s.half_z) +
+                        " sized by the layers' widths; the box's " + box_size + " gives only its proportions");
     }
     if (mode == SurfaceMode::ring || mode == SurfaceMode::equator) {
         notes.push_back("all at mid-height: the box's height " + number(box.high - box.low) + " is not used");
@@ -213,8 +197,7 @@ std::vector<std::string> differences(SurfaceMode mode, const Surface& s, const S
 
 }  // namespace
 
-double settingNumber(const nlohmann::json& settings, const char* name)
-{
+double settingNumber(const nlohmann::json& settings, const char* name) {
     const ControlSpec* control = find_control(name);
     const double initial = control != nullptr ? control->value : 0.0;
     if (!settings.is_object() || !settings.contains(name) || !settings[name].is_number()) {
@@ -228,8 +211,7 @@ double settingNumber(const nlohmann::json& settings, const char* name)
         std::clamp(value, static_cast<double>(control->minimum), static_cast<double>(control->maximum))));
 }
 
-bool settingOn(const nlohmann::json& settings, const char* name)
-{
+bool settingOn(const nlohmann::json& settings, const char* name) {
     if (settings.is_object() && settings.contains(name) && settings[name].is_boolean()) {
         return settings[name].get<bool>();
     }
@@ -237,25 +219,23 @@ bool settingOn(const nlohmann::json& settings, const char* name)
     return control != nullptr && control->value != 0.0f;
 }
 
-const char* modeName(SurfaceMode mode)
-{
+const char* modeName(SurfaceMode mode) {
     switch (mode) {
-    case SurfaceMode::given_steps:
-        return "Given steps";
-    case SurfaceMode::evenly:
-        return "Distribute Evenly";
-    case SurfaceMode::equator:
-        return "Equator Only";
-    case SurfaceMode::ring:
-        return "Create Ring With Layers";
-    case SurfaceMode::radius_by_first:
-        return "Radius Set by First";
+        case SurfaceMode::given_steps:
+            return "Given steps";
+        case SurfaceMode::evenly:
+            return "Distribute Evenly";
+        case SurfaceMode::equator:
+            return "Equator Only";
+        case SurfaceMode::ring:
+            return "Create Ring With Layers";
+        case SurfaceMode::radius_by_first:
+            return "Radius Set by First";
     }
     return "";
 }
 
-std::string describeSurface(const Surface& s)
-{
+std::string describeSurface(const Surface& s) {
     std::string text = std::string(modeName(s.mode)) + ": ";
     if (!s.known) {
         return text + "size not known";
@@ -272,8 +252,7 @@ std::string describeSurface(const Surface& s)
     return text;
 }
 
-RunOutcome readRunOutcome(const host::Project& before, const host::Host& after, const nlohmann::json& settings)
-{
+RunOutcome readRunOutcome(const host::Project& before, const host::Host& after, const nlohmann::json& settings) {
     RunOutcome out;
     Surface& surface = out.surface;
     surface.mode = chosenMode(settings);
@@ -329,29 +308,28 @@ RunOutcome readRunOutcome(const host::Project& before, const host::Host& after, 
 
     std::optional<Shape> shape;
     switch (surface.mode) {
-    case SurfaceMode::given_steps:
-    case SurfaceMode::evenly:
-        shape = box;
-        break;
-    case SurfaceMode::equator:
-        shape = Shape{box.half_x, box.half_z, 0, 0};
-        break;
-    case SurfaceMode::radius_by_first:
-    case SurfaceMode::ring:
-        if (out.apply != ApplyState::applied || reading.points.empty()) {
-            surface.notes.push_back(out.apply == ApplyState::undone
-                                        ? "the step was undone, so the size the layers set is not known"
-                                        : "nothing was applied, so the size the layers set is not known");
+        case SurfaceMode::given_steps:
+        case SurfaceMode::evenly:
+            shape = box;
             break;
-        }
-        surface.sized_by = out.written.front();
-        shape = surface.mode == SurfaceMode::ring
-                    ? ringShape(reading, settings, surface.notes)
-                    : radiusShape(reading, box, settings, surface.notes);
-        if (!shape) {
-            surface.sized_by = 0;
-        }
-        break;
+        case SurfaceMode::equator:
+            shape = Shape{box.half_x, box.half_z, 0, 0};
+            break;
+        case SurfaceMode::radius_by_first:
+        case SurfaceMode::ring:
+            if (out.apply != ApplyState::applied || reading.points.empty()) {
+                surface.notes.push_back(out.apply == ApplyState::undone
+                                            ? "the step was undone, so the size the layers set is not known"
+                                            : "nothing was applied, so the size the layers set is not known");
+                break;
+            }
+            surface.sized_by = out.written.front();
+            shape = surface.mode == SurfaceMode::ring ? ringShape(reading, settings, surface.notes)
+                                                      : radiusShape(reading, box, settings, surface.notes);
+            if (!shape) {
+                surface.sized_by = 0;
+            }
+            break;
     }
     if (!shape) {
         return out;

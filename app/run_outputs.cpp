@@ -1,8 +1,8 @@
 #include "app/run_outputs.h"
 
 #include "app/app_error.h"
-#include "app/picture_file.h"
 #include "app/html_page.h"
+#include "app/picture_file.h"
 #include "app/scene_data.h"
 
 namespace app {
@@ -10,8 +10,7 @@ namespace app {
 namespace {
 
 // Picture names were checked with the options.
-std::string picture(const std::string& option, const std::string& path, const std::string& svg)
-{
+std::string picture(const std::string& option, const std::string& path, const std::string& svg) {
     const std::optional<PictureFormat> format = pictureFormat(path);
     if (!format) {
         throw AppError(pictureNameProblem(option, path));
@@ -22,13 +21,12 @@ std::string picture(const std::string& option, const std::string& path, const st
 }  // namespace
 
 std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
-                                    const std::string* preview_svg, const nlohmann::json& report)
-{
+                                    const std::string* preview_svg, const nlohmann::json& report) {
     std::vector<OutputFile> files;
     if (!options.out.empty() && options.out != kStandardStream) {
         // Written as it is made: with keyframes the scene's text is larger than the project.
-        files.push_back({"--out", options.out,
-                         [&run](std::ostream& out) { host::writeScene(*run.host, out, run.settings); }});
+        files.push_back(
+            {"--out", options.out, [&run](std::ostream& out) { host::writeScene(*run.host, out, run.settings); }});
     }
     if (!options.preview.empty() && preview_svg != nullptr) {
         files.push_back(outputOf("--preview", options.preview, picture("--preview", options.preview, *preview_svg)));

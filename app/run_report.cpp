@@ -15,8 +15,7 @@ namespace {
 // Names listed in the terminal summary; the JSON report lists every one.
 constexpr std::size_t kNamesShown = 10;
 
-std::vector<NamedLayer> named(const host::Project& project, host::Id comp_id, const std::vector<host::Id>& ids)
-{
+std::vector<NamedLayer> named(const host::Project& project, host::Id comp_id, const std::vector<host::Id>& ids) {
     std::unordered_map<host::Id, std::size_t> numbers;
     if (const host::Comp* comp = project.comp(comp_id)) {
         for (std::size_t i = 0; i < comp->layers.size(); ++i) {
@@ -34,8 +33,7 @@ std::vector<NamedLayer> named(const host::Project& project, host::Id comp_id, co
     return layers;
 }
 
-std::string callList(const std::vector<host::RefusedCall>& calls)
-{
+std::string callList(const std::vector<host::RefusedCall>& calls) {
     std::string text;
     for (const host::RefusedCall& call : calls) {
         text += (text.empty() ? "" : ", ") + call.call + " (error " + std::to_string(call.err) + ")";
@@ -45,14 +43,13 @@ std::string callList(const std::vector<host::RefusedCall>& calls)
 
 // A finished "Apply" writes every layer it took; one that stopped early, or whose calls the host
 // refused beyond asking for suites it may do without, failed.
-std::string applyFailure(const SessionResult& run, const RunOutcome& outcome)
-{
+std::string applyFailure(const SessionResult& run, const RunOutcome& outcome) {
     if (!run.apply.pressed) {
         return {};
     }
     const std::set<host::Id> written(outcome.written.begin(), outcome.written.end());
-    const std::size_t taken_written = static_cast<std::size_t>(std::count_if(
-        outcome.taken.begin(), outcome.taken.end(), [&](host::Id id) { return written.count(id) != 0; }));
+    const std::size_t taken_written = static_cast<std::size_t>(
+        std::count_if(outcome.taken.begin(), outcome.taken.end(), [&](host::Id id) { return written.count(id) != 0; }));
     const bool refused_call =
         std::any_of(run.apply.refused.begin(), run.apply.refused.end(),
                     [](const host::RefusedCall& c) { return c.call.rfind("AcquireSuite", 0) != 0; });
@@ -67,8 +64,7 @@ std::string applyFailure(const SessionResult& run, const RunOutcome& outcome)
            " selected layers were written";
 }
 
-std::vector<std::string> failures(const SessionResult& run, const RunOutcome& outcome)
-{
+std::vector<std::string> failures(const SessionResult& run, const RunOutcome& outcome) {
     std::vector<std::string> lines = hostReports(*run.host);
     if (std::string apply = applyFailure(run, outcome); !apply.empty()) {
         lines.push_back(std::move(apply));
@@ -76,30 +72,29 @@ std::vector<std::string> failures(const SessionResult& run, const RunOutcome& ou
     return lines;
 }
 
-std::string plural(std::size_t n, const char* one, const char* many)
-{
+std::string plural(std::size_t n, const char* one, const char* many) {
     return (n == 0 ? std::string("no") : std::to_string(n)) + " " + (n == 1 ? one : many);
 }
 
-std::string arrangedLine(const RunReport& r)
-{
-    const std::string taken = plural(r.selected, "selected layer", "selected layers") + ", " +
-                              plural(r.copies, "copy", "copies") + " made";
+std::string arrangedLine(const RunReport& r) {
+    const std::string taken =
+        plural(r.selected, "selected layer", "selected layers") + ", " + plural(r.copies, "copy", "copies") + " made";
     switch (r.apply) {
-    case ApplyState::not_applied: return "nothing: \"Apply\" was not pressed (" + taken + ")";
-    case ApplyState::undone: return "nothing left: the step was undone (it had " + taken + ")";
-    case ApplyState::applied: break;
+        case ApplyState::not_applied:
+            return "nothing: \"Apply\" was not pressed (" + taken + ")";
+        case ApplyState::undone:
+            return "nothing left: the step was undone (it had " + taken + ")";
+        case ApplyState::applied:
+            break;
     }
     return std::to_string(r.arranged) + " of " + plural(r.written, "layer", "layers") + " (" + taken + ")";
 }
 
-std::string vectorText(const Vec3& v)
-{
+std::string vectorText(const Vec3& v) {
     return "(" + tableNumber(v.x) + ", " + tableNumber(v.y) + ", " + tableNumber(v.z) + ")";
 }
 
-std::string notReachedLine(const RunReport& r)
-{
+std::string notReachedLine(const RunReport& r) {
     if (r.not_reached.empty()) {
         return "none";
     }
@@ -111,13 +106,12 @@ std::string notReachedLine(const RunReport& r)
     if (r.not_reached.size() > kNamesShown) {
         line += " and " + std::to_string(r.not_reached.size() - kNamesShown) + " more";
     }
-    return line + (r.offset.empty() ? " (they kept their places)"
-                                    : " (they kept their places, plus the offset " + r.offset +
-                                          " added to every position written)");
+    return line + (r.offset.empty()
+                       ? " (they kept their places)"
+                       : " (they kept their places, plus the offset " + r.offset + " added to every position written)");
 }
 
-std::string undoLine(const RunReport& r)
-{
+std::string undoLine(const RunReport& r) {
     if (r.undo_groups.empty()) {
         return "none";
     }
@@ -132,8 +126,7 @@ std::string undoLine(const RunReport& r)
 
 }  // namespace
 
-RunReport describeRun(const SessionResult& run, const RunOutcome& outcome)
-{
+RunReport describeRun(const SessionResult& run, const RunOutcome& outcome) {
     const host::Project& project = run.host->project();
     RunReport r;
     r.apply = outcome.apply;
@@ -157,8 +150,7 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome)
     return r;
 }
 
-void addPreviewWarnings(RunReport& report, const Preview& preview)
-{
+void addPreviewWarnings(RunReport& report, const Preview& preview) {
     for (const std::string& name : preview.left_out) {
         report.warnings.push_back({"", "preview_left_out",
                                    "--preview leaves out \"" + name +
@@ -166,8 +158,7 @@ void addPreviewWarnings(RunReport& report, const Preview& preview)
     }
 }
 
-std::string summaryText(const RunReport& r)
-{
+std::string summaryText(const RunReport& r) {
     std::string text = "Summary\n";
     text += "  arranged:     " + arrangedLine(r) + "\n";
     text += "  not reached:  " + notReachedLine(r) + "\n";
@@ -185,8 +176,7 @@ std::string summaryText(const RunReport& r)
     return text;
 }
 
-nlohmann::json summaryJson(const RunReport& r, int status)
-{
+nlohmann::json summaryJson(const RunReport& r, int status) {
     using nlohmann::json;
     json not_reached = json::array();
     for (const NamedLayer& layer : r.not_reached) {

@@ -27,7 +27,7 @@ struct RunReport {
     std::size_t written = 0;   // layers the step wrote that still exist
     std::size_t arranged = 0;
     std::vector<NamedLayer> not_reached;
-    std::string offset;  // added to every position written, e.g. "(960.0, 540.0, 0.0)"; empty when none
+    std::string offset;   // added to every position written, e.g. "(960.0, 540.0, 0.0)"; empty when none
     std::string surface;  // mode, size and centre
     std::vector<std::string> surface_notes;
     std::vector<host::UndoGroup> undo_groups;  // outermost groups only

@@ -13,8 +13,7 @@ namespace app {
 namespace {
 
 // A field's reading as short as it reads back: fields hold single precision.
-std::string readingText(const ControlSpec& control, double value)
-{
+std::string readingText(const ControlSpec& control, double value) {
     std::array<char, 48> buffer{};
     const ControlNote* note = control_note(control.id);
     const auto end = note != nullptr && note->whole_number
@@ -23,8 +22,7 @@ std::string readingText(const ControlSpec& control, double value)
     return std::string(buffer.data(), end);
 }
 
-const ControlState* stateOf(const SessionResult& run, const ControlSpec& control)
-{
+const ControlState* stateOf(const SessionResult& run, const ControlSpec& control) {
     for (const ControlState& state : run.controls) {
         if (state.control == &control) {
             return &state;
@@ -34,8 +32,7 @@ const ControlState* stateOf(const SessionResult& run, const ControlSpec& control
 }
 
 // Whether the setting asks for something else than the control starts with.
-bool changesTheInitialValue(const ControlSetting& setting)
-{
+bool changesTheInitialValue(const ControlSetting& setting) {
     const ControlSpec& control = *setting.control;
     if (control.kind == SettingKind::edit) {
         const std::optional<double> reading = fieldReading(control, setting.text);
@@ -49,8 +46,7 @@ bool changesTheInitialValue(const ControlSetting& setting)
 
 // A number typed into a field that the field reads otherwise: held at a limit, or cut to a
 // whole number.
-void readDifferently(const ControlSetting& setting, std::vector<Warning>& out)
-{
+void readDifferently(const ControlSetting& setting, std::vector<Warning>& out) {
     const ControlSpec& control = *setting.control;
     const std::optional<NumberInText> typed = leadingNumber(setting.text);
     const std::optional<double> reading = fieldReading(control, setting.text);
@@ -71,8 +67,7 @@ void readDifferently(const ControlSetting& setting, std::vector<Warning>& out)
     }
 }
 
-void withoutEffect(const SessionResult& run, const ControlSetting& setting, std::vector<Warning>& out)
-{
+void withoutEffect(const SessionResult& run, const ControlSetting& setting, std::vector<Warning>& out) {
     const ControlSpec& control = *setting.control;
     const ControlNote* note = control_note(control.id);
     const ControlState* state = stateOf(run, control);
@@ -87,15 +82,13 @@ void withoutEffect(const SessionResult& run, const ControlSetting& setting, std:
     }
 }
 
-std::optional<bool> stateOn(const SessionResult& run, ADMInt32 id)
-{
+std::optional<bool> stateOn(const SessionResult& run, ADMInt32 id) {
     const ControlState* state = stateOf(run, *find_control(id));
     return state != nullptr ? std::optional<bool>(state->on && state->enabled) : std::nullopt;
 }
 
 // Copies made by the layer suite go where the host puts them; only the command path reorders them.
-void repeatPath(const SessionResult& run, std::vector<Warning>& out)
-{
+void repeatPath(const SessionResult& run, std::vector<Warning>& out) {
     if (stateOn(run, CHECK_REPEAT_SEQUENTIALLY).value_or(false) && run.apply.duplicate_calls > 0 &&
         run.apply.duplicate_commands == 0) {
         out.push_back({"CHECK_REPEAT_SEQUENTIALLY", "repeat_path",
@@ -105,8 +98,7 @@ void repeatPath(const SessionResult& run, std::vector<Warning>& out)
     }
 }
 
-void repeatsCut(const SessionResult& run, const RunOutcome& outcome, std::vector<Warning>& out)
-{
+void repeatsCut(const SessionResult& run, const RunOutcome& outcome, std::vector<Warning>& out) {
     const ControlState* count = stateOf(run, *find_control(EDIT_REPEAT_COUNT));
     if (!run.apply.pressed || !stateOn(run, CHECK_REPEAT_LAYERS).value_or(false) || count == nullptr) {
         return;
@@ -127,8 +119,7 @@ void repeatsCut(const SessionResult& run, const RunOutcome& outcome, std::vector
 
 }  // namespace
 
-std::vector<Warning> runWarnings(const SessionResult& run, const RunOutcome& outcome)
-{
+std::vector<Warning> runWarnings(const SessionResult& run, const RunOutcome& outcome) {
     std::vector<Warning> warnings;
     for (const ControlSetting& setting : run.asked) {
         if (setting.control->kind == SettingKind::edit) {

@@ -17,16 +17,14 @@ constexpr double kDefaultAngleOfView = 39.6;
 
 // A thousandth of a pixel or degree is far below what the page can show, and keeps a page of
 // tens of thousands of layers small.
-double rounded(double value)
-{
+double rounded(double value) {
     const double r = std::round(value * 1000.0) / 1000.0;
     return r == 0.0 ? 0.0 : r;
 }
 
 nlohmann::json triple(const Vec3& v) { return nlohmann::json::array({rounded(v.x), rounded(v.y), rounded(v.z)}); }
 
-nlohmann::json corners(const PlacedLayer& placed)
-{
+nlohmann::json corners(const PlacedLayer& placed) {
     nlohmann::json flat = nlohmann::json::array();
     for (const Vec3& c : placed.corners) {
         for (const double v : {c.x, c.y, c.z}) {
@@ -36,17 +34,18 @@ nlohmann::json corners(const PlacedLayer& placed)
     return flat;
 }
 
-const char* kindName(AEGP_ObjectType type)
-{
+const char* kindName(AEGP_ObjectType type) {
     switch (type) {
-    case AEGP_ObjectType_TEXT: return "text";
-    case AEGP_ObjectType_VECTOR: return "shape";
-    default: return "footage";
+        case AEGP_ObjectType_TEXT:
+            return "text";
+        case AEGP_ObjectType_VECTOR:
+            return "shape";
+        default:
+            return "footage";
     }
 }
 
-nlohmann::json values(const host::Layer& layer, const A_Time& time)
-{
+nlohmann::json values(const host::Layer& layer, const A_Time& time) {
     using host::Prop;
     return {{"position", triple(layer.prop(Prop::position).valueAt(time))},
             {"orientation", triple(layer.prop(Prop::orientation).valueAt(time))},
@@ -55,14 +54,14 @@ nlohmann::json values(const host::Layer& layer, const A_Time& time)
             {"scale", triple(layer.prop(Prop::scale).valueAt(time))}};
 }
 
-nlohmann::json keyCounts(const host::Layer& layer)
-{
+nlohmann::json keyCounts(const host::Layer& layer) {
     using host::Prop;
     return {{"position", layer.prop(Prop::position).keys.size()},
             {"orientation", layer.prop(Prop::orientation).keys.size()},
             {"scale", layer.prop(Prop::scale).keys.size()},
-            {"rotation", {layer.prop(Prop::rotate_x).keys.size(), layer.prop(Prop::rotate_y).keys.size(),
-                          layer.prop(Prop::rotate_z).keys.size()}}};
+            {"rotation",
+             {layer.prop(Prop::rotate_x).keys.size(), layer.prop(Prop::rotate_y).keys.size(),
+              layer.prop(Prop::rotate_z).keys.size()}}};
 }
 
 // A layer's corners and values as the scene had them, by layer id.
@@ -71,8 +70,7 @@ struct BeforeState {
     nlohmann::json values;
 };
 
-std::map<host::Id, BeforeState> beforeStates(const host::Project& before)
-{
+std::map<host::Id, BeforeState> beforeStates(const host::Project& before) {
     std::map<host::Id, BeforeState> states;
     const host::Comp* comp = reportedComp(before);
     if (comp == nullptr) {
@@ -86,8 +84,7 @@ std::map<host::Id, BeforeState> beforeStates(const host::Project& before)
 }
 
 nlohmann::json layersData(const host::Project& before, const host::Project& after, const host::Comp& comp,
-                          const RunOutcome& outcome)
-{
+                          const RunOutcome& outcome) {
     const std::map<host::Id, BeforeState> was = beforeStates(before);
     std::map<host::Id, host::Id> original_of;
     for (const LayerCopy& copy : outcome.copies) {
@@ -98,12 +95,9 @@ nlohmann::json layersData(const host::Project& before, const host::Project& afte
     nlohmann::json layers = nlohmann::json::array();
     for (const PlacedLayer& placed : placeLayers(after, comp)) {
         const host::Layer& layer = comp.layers[static_cast<std::size_t>(placed.number - 1)];
-        nlohmann::json entry = {{"name", layer.name},
-                                {"number", placed.number},
-                                {"kind", kindName(layer.type)},
-                                {"source", placed.has_source},
-                                {"after", corners(placed)},
-                                {"values", values(layer, comp.time)},
+        nlohmann::json entry = {{"name", layer.name},           {"number", placed.number},
+                                {"kind", kindName(layer.type)}, {"source", placed.has_source},
+                                {"after", corners(placed)},     {"values", values(layer, comp.time)},
                                 {"keys", keyCounts(layer)}};
         // A copy starts where its original stood.
         const auto original = original_of.find(layer.id);
@@ -115,18 +109,17 @@ nlohmann::json layersData(const host::Project& before, const host::Project& afte
         const auto found = was.find(start);
         entry["before"] = found != was.end() ? found->second.corners : entry["after"];
         entry["before_values"] = found != was.end() ? found->second.values : entry["values"];
-        entry["run"] = arranged.contains(layer.id)      ? "arranged"
-                       : not_reached.contains(layer.id) ? "not_reached"
+        entry["run"] = arranged.contains(layer.id)                                                      ? "arranged"
+                       : not_reached.contains(layer.id)                                                 ? "not_reached"
                        : entry["before"] != entry["after"] || entry["before_values"] != entry["values"] ? "moved"
-                                                                                                      : "kept";
+                                                                                                        : "kept";
         layers.push_back(std::move(entry));
     }
     return layers;
 }
 
 // The surface's place and size when they are known, and its description either way.
-nlohmann::json surfaceData(const Surface& surface)
-{
+nlohmann::json surfaceData(const Surface& surface) {
     nlohmann::json data = {{"description", describeSurface(surface)}, {"notes", surface.notes}};
     if (surface.known) {
         data["centre"] = triple(surface.centre);
@@ -138,8 +131,7 @@ nlohmann::json surfaceData(const Surface& surface)
     return data;
 }
 
-nlohmann::json cameraData(const host::Comp& comp)
-{
+nlohmann::json cameraData(const host::Comp& comp) {
     const SceneCamera camera = sceneCamera(comp);
     return {{"name", camera.name},
             {"position", triple(camera.position)},
@@ -151,8 +143,7 @@ nlohmann::json cameraData(const host::Comp& comp)
 
 }  // namespace
 
-SceneCamera sceneCamera(const host::Comp& comp)
-{
+SceneCamera sceneCamera(const host::Comp& comp) {
     SceneCamera camera;
     camera.zoom = 0.5 * comp.width / std::tan(0.5 * kDefaultAngleOfView * std::numbers::pi / 180.0);
     camera.right = {1, 0, 0};
@@ -178,8 +169,7 @@ SceneCamera sceneCamera(const host::Comp& comp)
     return camera;
 }
 
-nlohmann::json pageSceneData(const host::Project& before, const host::Project& after, const RunOutcome& outcome)
-{
+nlohmann::json pageSceneData(const host::Project& before, const host::Project& after, const RunOutcome& outcome) {
     const host::Comp* comp = reportedComp(after);
     if (comp == nullptr) {
         return {{"comp", nullptr}, {"layers", nlohmann::json::array()}};

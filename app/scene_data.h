@@ -19,7 +19,7 @@ namespace app {
 // zoom is the distance at which the composition's frame fills the view: the width seen under the
 // host's default angle of view.
 struct SceneCamera {
-    std::string name;           // the camera layer's name; empty for the host's default camera
+    std::string name;  // the camera layer's name; empty for the host's default camera
     Vec3 position;
     Vec3 right, down, forward;  // unit axes
     double zoom = 0;

@@ -13,16 +13,14 @@ namespace app {
 
 namespace {
 
-std::string sceneName(const Options& options)
-{
+std::string sceneName(const Options& options) {
     if (!options.scene) {
         return "the demo scene";
     }
     return *options.scene == kStandardStream ? "standard input" : *options.scene;
 }
 
-std::vector<ControlSetting> planSettings(const host::Scene& scene, const Options& options)
-{
+std::vector<ControlSetting> planSettings(const host::Scene& scene, const Options& options) {
     SettingsPlan plan;
     plan.addSceneSettings(scene.settings, sceneName(options));
     for (const std::string& assignment : options.sets) {
@@ -31,8 +29,7 @@ std::vector<ControlSetting> planSettings(const host::Scene& scene, const Options
     return plan.inDialogOrder();
 }
 
-void startPlugin(host::Host& host, const std::string& path)
-{
+void startPlugin(host::Host& host, const std::string& path) {
     if (path.empty()) {
         throw AppError("no plug-in module: give one with --plugin PATH");
     }
@@ -48,8 +45,7 @@ void startPlugin(host::Host& host, const std::string& path)
     }
 }
 
-void openDialog(host::Host& host, const std::string& scene)
-{
+void openDialog(host::Host& host, const std::string& scene) {
     const host::MenuItem* item = host.findMenuItem(kProductName);
     if (item == nullptr) {
         throw HostFailure(std::string("the plug-in added no \"") + kProductName + "\" menu item", hostReports(host));
@@ -67,8 +63,7 @@ void openDialog(host::Host& host, const std::string& scene)
     host.idle();
 }
 
-std::size_t countCopies(host::Project& project)
-{
+std::size_t countCopies(host::Project& project) {
     const host::Comp* comp = project.activeComp();
     if (comp == nullptr) {
         return 0;
@@ -77,8 +72,7 @@ std::size_t countCopies(host::Project& project)
         std::count_if(comp->layers.begin(), comp->layers.end(), [](const host::Layer& l) { return l.copy_of != 0; }));
 }
 
-ApplyFacts pressApply(host::Host& host, const DialogView& dialog)
-{
+ApplyFacts pressApply(host::Host& host, const DialogView& dialog) {
     const std::size_t refused_before = host.refusedCalls().size();
     const std::size_t commands_before = host.commandLog().size();
     const int duplicates_before = host.callCount("AEGP_DuplicateLayer");
@@ -99,8 +93,7 @@ ApplyFacts pressApply(host::Host& host, const DialogView& dialog)
 
 }  // namespace
 
-std::vector<std::string> hostReports(const host::Host& host)
-{
+std::vector<std::string> hostReports(const host::Host& host) {
     std::vector<std::string> lines;
     for (const host::Report& report : host.reports()) {
         lines.push_back("the host reported: " + report.text);
@@ -111,14 +104,12 @@ std::vector<std::string> hostReports(const host::Host& host)
     return lines;
 }
 
-const host::Project& SessionResult::before() const
-{
+const host::Project& SessionResult::before() const {
     const host::Project* base = host->undoBase();
     return base != nullptr ? *base : host->project();
 }
 
-host::Scene loadScene(const Options& options)
-{
+host::Scene loadScene(const Options& options) {
     try {
         if (!options.scene) {
             return demoScene();
@@ -133,8 +124,7 @@ host::Scene loadScene(const Options& options)
     }
 }
 
-SessionResult runSession(const Options& options)
-{
+SessionResult runSession(const Options& options) {
     host::Scene scene = loadScene(options);
     SessionResult result;
     result.asked = planSettings(scene, options);

@@ -9,8 +9,7 @@ namespace app {
 
 namespace {
 
-std::string coordinate(double value)
-{
+std::string coordinate(double value) {
     char buffer[32];
     std::snprintf(buffer, sizeof buffer, "%.1f", value);
     return buffer;
@@ -22,23 +21,20 @@ using platform::escapeXml;
 
 }  // namespace
 
-std::string exactNumber(double value)
-{
+std::string exactNumber(double value) {
     char buffer[40];
     std::snprintf(buffer, sizeof buffer, "%.17g", std::isfinite(value) ? value : 0.0);
     return buffer;
 }
 
-SvgWriter::SvgWriter(int width, int height, std::string_view background)
-{
+SvgWriter::SvgWriter(int width, int height, std::string_view background) {
     out_ << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width << "\" height=\"" << height
          << "\" viewBox=\"0 0 " << width << " " << height << "\">\n"
          << "<rect x=\"0\" y=\"0\" width=\"" << width << "\" height=\"" << height << "\" fill=\""
          << escapeXml(background) << "\"/>\n";
 }
 
-bool SvgWriter::finite(const std::vector<Point2>& pts)
-{
+bool SvgWriter::finite(const std::vector<Point2>& pts) {
     for (const Point2& p : pts) {
         if (!app::finite(p.x) || !app::finite(p.y)) {
             ++left_out_;
@@ -48,8 +44,7 @@ bool SvgWriter::finite(const std::vector<Point2>& pts)
     return true;
 }
 
-void SvgWriter::points(const std::vector<Point2>& points)
-{
+void SvgWriter::points(const std::vector<Point2>& points) {
     out_ << " points=\"";
     for (std::size_t i = 0; i < points.size(); ++i) {
         out_ << (i == 0 ? "" : " ") << coordinate(points[i].x) << "," << coordinate(points[i].y);
@@ -57,8 +52,7 @@ void SvgWriter::points(const std::vector<Point2>& points)
     out_ << "\"";
 }
 
-void SvgWriter::style(const Style& style)
-{
+void SvgWriter::style(const Style& style) {
     out_ << " fill=\"" << escapeXml(style.fill) << "\" stroke=\"" << escapeXml(style.stroke) << "\"";
     if (style.stroke != "none" && app::finite(style.stroke_width)) {
         out_ << " stroke-width=\"" << coordinate(style.stroke_width) << "\"";
@@ -73,8 +67,7 @@ void SvgWriter::style(const Style& style)
     }
 }
 
-void SvgWriter::polygon(const std::vector<Point2>& pts, const Style& s, std::string_view data)
-{
+void SvgWriter::polygon(const std::vector<Point2>& pts, const Style& s, std::string_view data) {
     if (!finite(pts)) {
         return;
     }
@@ -87,8 +80,7 @@ void SvgWriter::polygon(const std::vector<Point2>& pts, const Style& s, std::str
     out_ << " stroke-linejoin=\"round\"/>\n";
 }
 
-void SvgWriter::polyline(const std::vector<Point2>& pts, const Style& s)
-{
+void SvgWriter::polyline(const std::vector<Point2>& pts, const Style& s) {
     if (!finite(pts)) {
         return;
     }
@@ -98,13 +90,11 @@ void SvgWriter::polyline(const std::vector<Point2>& pts, const Style& s)
     out_ << "/>\n";
 }
 
-void SvgWriter::text(Point2 at, std::string_view text, double size, std::string_view fill, std::string_view anchor)
-{
+void SvgWriter::text(Point2 at, std::string_view text, double size, std::string_view fill, std::string_view anchor) {
     this->text(at, text, TextStyle{size, std::string(fill), std::string(anchor), ""});
 }
 
-void SvgWriter::text(Point2 at, std::string_view text, const TextStyle& s)
-{
+void SvgWriter::text(Point2 at, std::string_view text, const TextStyle& s) {
     if (!finite({at}) || !app::finite(s.size)) {
         return;
     }
@@ -119,8 +109,7 @@ void SvgWriter::text(Point2 at, std::string_view text, const TextStyle& s)
 
 void SvgWriter::title(std::string_view text) { out_ << "<title>" << escapeXml(text) << "</title>\n"; }
 
-void SvgWriter::beginGroup(std::string_view data, std::string_view attributes)
-{
+void SvgWriter::beginGroup(std::string_view data, std::string_view attributes) {
     out_ << "<g data-layer=\"" << escapeXml(data) << "\"";
     if (!attributes.empty()) {
         out_ << " " << attributes;
@@ -130,8 +119,7 @@ void SvgWriter::beginGroup(std::string_view data, std::string_view attributes)
 
 void SvgWriter::endGroup() { out_ << "</g>\n"; }
 
-std::string SvgWriter::finish()
-{
+std::string SvgWriter::finish() {
     out_ << "</svg>\n";
     return out_.str();
 }

@@ -14,8 +14,7 @@ long long g_peak = 0;
 std::size_t g_allocations = 0;
 std::size_t g_bytes = 0;
 
-void note_allocation(void* p)
-{
+void note_allocation(void* p) {
     if (!g_watching) {
         return;
     }
@@ -28,15 +27,13 @@ void note_allocation(void* p)
     }
 }
 
-void note_release(void* p)
-{
+void note_release(void* p) {
     if (g_watching && p != nullptr) {
         g_in_use -= static_cast<long long>(malloc_usable_size(p));
     }
 }
 
-void* allocate(std::size_t size)
-{
+void* allocate(std::size_t size) {
     void* p = std::malloc(size == 0 ? 1 : size);
     if (p == nullptr) {
         throw std::bad_alloc();
@@ -45,8 +42,7 @@ void* allocate(std::size_t size)
     return p;
 }
 
-void* allocate_aligned(std::size_t size, std::align_val_t alignment)
-{
+void* allocate_aligned(std::size_t size, std::align_val_t alignment) {
     const auto a = static_cast<std::size_t>(alignment);
     // aligned_alloc wants a size that is a multiple of the alignment.
     const std::size_t rounded = ((size == 0 ? 1 : size) + a - 1) / a * a;
@@ -58,8 +54,7 @@ void* allocate_aligned(std::size_t size, std::align_val_t alignment)
     return p;
 }
 
-void release(void* p) noexcept
-{
+void release(void* p) noexcept {
     note_release(p);
     std::free(p);
 }
@@ -68,16 +63,14 @@ void release(void* p) noexcept
 
 void* operator new(std::size_t size) { return allocate(size); }
 void* operator new[](std::size_t size) { return allocate(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     try {
         return allocate(size);
     } catch (...) {
         return nullptr;
     }
 }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
-{
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
     try {
         return allocate(size);
     } catch (...) {
@@ -100,8 +93,7 @@ void operator delete[](void* p, std::size_t, std::align_val_t) noexcept { releas
 
 namespace bench {
 
-AllocationWatch::AllocationWatch()
-{
+AllocationWatch::AllocationWatch() {
     g_in_use = 0;
     g_peak = 0;
     g_allocations = 0;
@@ -111,13 +103,11 @@ AllocationWatch::AllocationWatch()
 
 AllocationWatch::~AllocationWatch() { g_watching = false; }
 
-AllocationStats AllocationWatch::stats() const
-{
+AllocationStats AllocationWatch::stats() const {
     return AllocationStats{g_allocations, g_bytes, static_cast<std::size_t>(g_peak)};
 }
 
-void report_allocations(benchmark::State& state, const AllocationStats& stats, int n)
-{
+void report_allocations(benchmark::State& state, const AllocationStats& stats, int n) {
     state.counters["peak_bytes"] = static_cast<double>(stats.peak_bytes);
     state.counters["peak_per_layer"] = static_cast<double>(stats.peak_bytes) / n;
     state.counters["bytes"] = static_cast<double>(stats.bytes);

@@ -12,8 +12,7 @@ namespace bench {
 
 namespace {
 
-void BM_Apply(benchmark::State& state, bool keys)
-{
+void BM_Apply(benchmark::State& state, bool keys) {
     const int n = static_cast<int>(state.range(0));
     PluginStand stand(n, keys);
     HostCounts made;
@@ -37,8 +36,7 @@ void BM_Apply(benchmark::State& state, bool keys)
     state.counters["moved"] = moved;
 }
 
-void BM_ApplyMemory(benchmark::State& state)
-{
+void BM_ApplyMemory(benchmark::State& state) {
     const int n = static_cast<int>(state.range(0));
     PluginStand stand(n, true);
     std::optional<AllocationStats> stats;

@@ -13,8 +13,7 @@ constexpr const char* kTimes = "x_bound";
 constexpr const char* kTimesArithmetic = "x_arith";
 
 // Spread measures of a set of repetitions say nothing about the ratio.
-bool is_spread(const benchmark::BenchmarkReporter::Run& run)
-{
+bool is_spread(const benchmark::BenchmarkReporter::Run& run) {
     return run.run_type == benchmark::BenchmarkReporter::Run::RT_Aggregate && run.aggregate_name != "mean" &&
            run.aggregate_name != "median";
 }
@@ -24,12 +23,9 @@ bool is_spread(const benchmark::BenchmarkReporter::Run& run)
 BoundReporter::BoundReporter(double bound_ns_per_layer, double arithmetic_ns_per_layer)
     : ConsoleReporter(isatty(fileno(stdout)) != 0 ? OO_ColorTabular : OO_Tabular),
       bound_ns_(bound_ns_per_layer),
-      arithmetic_ns_(arithmetic_ns_per_layer)
-{
-}
+      arithmetic_ns_(arithmetic_ns_per_layer) {}
 
-void BoundReporter::ReportRuns(const std::vector<Run>& runs)
-{
+void BoundReporter::ReportRuns(const std::vector<Run>& runs) {
     std::vector<Run> out = runs;
     for (Run& run : out) {
         const auto layers = run.counters.find(kLayers);
@@ -44,8 +40,7 @@ void BoundReporter::ReportRuns(const std::vector<Run>& runs)
     ConsoleReporter::ReportRuns(out);
 }
 
-void count_layers(benchmark::State& state, double n)
-{
+void count_layers(benchmark::State& state, double n) {
     state.counters[kLayers] = n;
     state.counters["per_layer"] =
         benchmark::Counter(n, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);

@@ -15,8 +15,7 @@ constexpr AEGP_PluginID kPluginId = 7;
 // A position no layout writes.
 constexpr AEGP_ThreeDVal kUnplaced{-1234.5, 678.25, -9.75};
 
-LayerInfo record(A_long index, A_long width, A_long height)
-{
+LayerInfo record(A_long index, A_long width, A_long height) {
     LayerInfo info{};
     info.index = index;
     info.dims = A_LPoint{width, height};
@@ -28,8 +27,7 @@ LayerInfo record(A_long index, A_long width, A_long height)
 
 }  // namespace
 
-CylinderStand::CylinderStand()
-{
+CylinderStand::CylinderStand() {
     platform::reset();
     host_ = std::make_unique<host::Host>();
     host_->project().addComp("Main", 1920, 1080);
@@ -41,8 +39,7 @@ CylinderStand::CylinderStand()
     }
 }
 
-CylinderStand::~CylinderStand()
-{
+CylinderStand::~CylinderStand() {
     dlg_.reset();
     sSPBasic = nullptr;
     host_.reset();
@@ -53,16 +50,14 @@ void CylinderStand::set_float(ADMInt32 id, float value) { sADMItem->SetFloatValu
 
 void CylinderStand::set_bool(ADMInt32 id, bool value) { sADMItem->SetBooleanValue(dlg_->get_item(id), value); }
 
-void CylinderStand::set_records(int n, A_long width, A_long height)
-{
+void CylinderStand::set_records(int n, A_long width, A_long height) {
     dlg_->layers.clear();
     for (int i = 0; i < n; ++i) {
         dlg_->layers.push_back(record(i + 1, width, height));
     }
 }
 
-void CylinderStand::set_mixed_records(int n)
-{
+void CylinderStand::set_mixed_records(int n) {
     dlg_->layers.clear();
     for (int i = 0; i < n; ++i) {
         // Co-prime strides spread the sizes without a visible period.
@@ -70,8 +65,7 @@ void CylinderStand::set_mixed_records(int n)
     }
 }
 
-int placed_count(const std::list<LayerInfo>& layers)
-{
+int placed_count(const std::list<LayerInfo>& layers) {
     int n = 0;
     for (const LayerInfo& r : layers) {
         const AEGP_ThreeDVal& p = r.position.val.three_d;

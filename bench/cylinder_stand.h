@@ -13,9 +13,9 @@ namespace bench {
 // Opens the assistant's record list and footprint list to the benchmarks.
 class BenchDialog : public MainDlg {
 public:
+    using AssistantDlg::layers;
     using MainDlg::MainDlg;
     using MainDlg::volumes;
-    using AssistantDlg::layers;
 };
 
 using LayerInfo = AssistantDlg::LayerInfo;

@@ -13,8 +13,7 @@ namespace bench {
 
 namespace {
 
-void BM_LowerBound(benchmark::State& state)
-{
+void BM_LowerBound(benchmark::State& state) {
     const auto n = static_cast<std::size_t>(state.range(0));
     std::vector<AEGP_ThreeDVal> out(n);
     for (auto _ : state) {
@@ -23,8 +22,7 @@ void BM_LowerBound(benchmark::State& state)
     count_layers(state, static_cast<double>(n));
 }
 
-void BM_PlacementArithmetic(benchmark::State& state)
-{
+void BM_PlacementArithmetic(benchmark::State& state) {
     const std::vector<A_LPoint> sizes(static_cast<std::size_t>(state.range(0)), A_LPoint{100, 80});
     std::vector<Placed> out;
     for (auto _ : state) {
@@ -35,8 +33,7 @@ void BM_PlacementArithmetic(benchmark::State& state)
     count_layers(state, static_cast<double>(sizes.size()));
 }
 
-void BM_Layout(benchmark::State& state, Mode mode)
-{
+void BM_Layout(benchmark::State& state, Mode mode) {
     const int n = static_cast<int>(state.range(0));
     CylinderStand stand;
     choose_mode(stand, mode);
@@ -60,12 +57,18 @@ void BM_Layout(benchmark::State& state, Mode mode)
 
 BENCHMARK(BM_LowerBound)->RangeMultiplier(10)->Range(10, 10000);
 BENCHMARK(BM_PlacementArithmetic)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(BM_Layout, evenly, Mode::evenly)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, evenly, Mode::evenly)
+    ->RangeMultiplier(10)
+    ->Range(10, 10000)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(BM_Layout, given_steps, Mode::given_steps)
     ->RangeMultiplier(10)
     ->Range(10, 10000)
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(BM_Layout, equator, Mode::equator)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, equator, Mode::equator)
+    ->RangeMultiplier(10)
+    ->Range(10, 10000)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(BM_Layout, radius_by_first, Mode::radius)
     ->RangeMultiplier(10)
     ->Range(10, 10000)

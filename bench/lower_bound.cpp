@@ -11,8 +11,7 @@
 
 namespace bench {
 
-void lower_bound_layout(std::vector<AEGP_ThreeDVal>& out, double a, double b, double h)
-{
+void lower_bound_layout(std::vector<AEGP_ThreeDVal>& out, double a, double b, double h) {
     const double dphi = math::Constant_2PI / static_cast<double>(out.size());
     const double ia2 = 1 / (a * a);
     const double ib2 = 1 / (b * b);
@@ -39,8 +38,7 @@ void lower_bound_layout(std::vector<AEGP_ThreeDVal>& out, double a, double b, do
 
 namespace {
 
-double thread_cpu_ns()
-{
+double thread_cpu_ns() {
     timespec t{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
     return static_cast<double>(t.tv_sec) * 1e9 + static_cast<double>(t.tv_nsec);
@@ -48,8 +46,7 @@ double thread_cpu_ns()
 
 // The best of several timed samples of CPU time, per layer, after one run to warm the caches.
 template <typename Run>
-double best_ns_per_layer(Run run, int layers)
-{
+double best_ns_per_layer(Run run, int layers) {
     constexpr int kRunsPerSample = 20;
     constexpr int kSamples = 15;
     run();
@@ -66,16 +63,14 @@ double best_ns_per_layer(Run run, int layers)
 
 }  // namespace
 
-double lower_bound_ns_per_layer()
-{
+double lower_bound_ns_per_layer() {
     constexpr int kLayers = 10000;
     static std::vector<AEGP_ThreeDVal> out(kLayers);
     static const double ns = best_ns_per_layer([] { lower_bound_layout(out, 500, 400, -1000); }, kLayers);
     return ns;
 }
 
-double arithmetic_ns_per_layer()
-{
+double arithmetic_ns_per_layer() {
     constexpr int kLayers = 10000;
     static const std::vector<A_LPoint> sizes(kLayers, A_LPoint{100, 80});
     static std::vector<Placed> out;

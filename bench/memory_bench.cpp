@@ -11,8 +11,7 @@ namespace bench {
 
 namespace {
 
-void BM_LayoutMemory(benchmark::State& state, bool dont_intersect)
-{
+void BM_LayoutMemory(benchmark::State& state, bool dont_intersect) {
     const int n = static_cast<int>(state.range(0));
     CylinderStand stand;
     if (dont_intersect) {

@@ -11,8 +11,7 @@ namespace bench {
 
 namespace {
 
-void BM_DontIntersect(benchmark::State& state)
-{
+void BM_DontIntersect(benchmark::State& state) {
     const int n = static_cast<int>(state.range(0));
     CylinderStand stand;
     choose_dont_intersect(stand);
@@ -26,8 +25,7 @@ void BM_DontIntersect(benchmark::State& state)
 
 // Ten records of 100 x 80 on the default cylinder with 1 degree and 5 pixel steps: more than
 // 100,000 places, so the count stops at its cap.
-void BM_LayersNumberAtCap(benchmark::State& state)
-{
+void BM_LayersNumberAtCap(benchmark::State& state) {
     CylinderStand stand;
     stand.set_float(EDIT_MIN_LONGITUDE, 1);
     stand.set_float(EDIT_MIN_LATITUDE, 5);
@@ -42,8 +40,7 @@ void BM_LayersNumberAtCap(benchmark::State& state)
 // The same count with "Don't Intersect": 10 x 10 layers on a cylinder 10,000 wide and 6,000 high
 // with 1 degree and 20 pixel steps never touch, so every one of the 100,000 places is tested
 // against all footprints recorded before it.
-void BM_LayersNumberAtCapDontIntersect(benchmark::State& state)
-{
+void BM_LayersNumberAtCapDontIntersect(benchmark::State& state) {
     CylinderStand stand;
     stand.set_bool(CHECK_DONT_INTERSECT, true);
     stand.set_float(EDIT_DIM_X, 10000);

@@ -17,20 +17,25 @@ constexpr const char* kMenuText = "Orbisett";
 
 // Every suite version the plug-in may ask for.
 const std::pair<const char*, int> kSuites[] = {
-    {kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1},   {kAEGPCommandSuite, kAEGPCommandSuiteVersion1},
-    {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3},     {kAEGPCollectionSuite, kAEGPCollectionSuiteVersion1},
-    {kAEGPCompSuite, kAEGPCompSuiteVersion4},           {kAEGPItemSuite, kAEGPItemSuiteVersion3},
-    {kAEGPLayerSuite, kAEGPLayerSuiteVersion5},         {kAEGPLayerSuite, kAEGPLayerSuiteVersion8},
-    {kAEGPLayerSuite, kAEGPLayerSuiteVersion10},        {kAEGPStreamSuite, kAEGPStreamSuiteVersion4},
-    {kAEGPKeyframeSuite, kAEGPKeyframeSuiteVersion1},   {kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1},
+    {kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1},
+    {kAEGPCommandSuite, kAEGPCommandSuiteVersion1},
+    {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3},
+    {kAEGPCollectionSuite, kAEGPCollectionSuiteVersion1},
+    {kAEGPCompSuite, kAEGPCompSuiteVersion4},
+    {kAEGPItemSuite, kAEGPItemSuiteVersion3},
+    {kAEGPLayerSuite, kAEGPLayerSuiteVersion5},
+    {kAEGPLayerSuite, kAEGPLayerSuiteVersion8},
+    {kAEGPLayerSuite, kAEGPLayerSuiteVersion10},
+    {kAEGPStreamSuite, kAEGPStreamSuiteVersion4},
+    {kAEGPKeyframeSuite, kAEGPKeyframeSuiteVersion1},
+    {kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1},
     {kPFAppSuite, kPFAppSuiteVersion2},
 };
 
 // Where the layers stand before any "Apply".
 constexpr host::Vec3 kStart{12.5, 34.5, 56.5};
 
-void require(bool ok, const std::string& what)
-{
+void require(bool ok, const std::string& what) {
     if (!ok) {
         throw std::runtime_error(what);
     }
@@ -38,8 +43,7 @@ void require(bool ok, const std::string& what)
 
 }  // namespace
 
-PluginStand::PluginStand(int layers, bool keys)
-{
+PluginStand::PluginStand(int layers, bool keys) {
     platform::reset();
     host_ = std::make_unique<host::Host>();
     host::Project& project = host_->project();
@@ -68,8 +72,7 @@ PluginStand::PluginStand(int layers, bool keys)
     }
 }
 
-PluginStand::~PluginStand()
-{
+PluginStand::~PluginStand() {
     if (host_->pluginLoaded()) {
         host_->unloadPlugin();
     }
@@ -77,8 +80,7 @@ PluginStand::~PluginStand()
     platform::reset();
 }
 
-void PluginStand::click(int control_id)
-{
+void PluginStand::click(int control_id) {
     require(platform::click(platform::findControlById(window_, control_id)).ok(),
             "control " + std::to_string(control_id) + " could not be clicked");
 }
@@ -87,8 +89,7 @@ void PluginStand::apply() { click(BUTTON_APPLY); }
 
 void PluginStand::undo() { require(host_->undo(), "nothing to undo"); }
 
-HostCounts PluginStand::counts() const
-{
+HostCounts PluginStand::counts() const {
     HostCounts c;
     c.calls = host_->totalCalls();
     for (const auto& [name, version] : kSuites) {
@@ -97,8 +98,7 @@ HostCounts PluginStand::counts() const
     return c;
 }
 
-int PluginStand::moved_layers() const
-{
+int PluginStand::moved_layers() const {
     int n = 0;
     const host::Comp& comp = *host_->project().comp(comp_);
     for (const host::Layer& layer : comp.layers) {

@@ -8,9 +8,9 @@
 
 namespace bench {
 
-std::string sceneJson(const SceneShape& shape)
-{
-    std::string text = R"({"comp": {"name": "Main", "width": 1920, "height": 1080, "time": {"value": 0, "scale": 30}},)";
+std::string sceneJson(const SceneShape& shape) {
+    std::string text =
+        R"({"comp": {"name": "Main", "width": 1920, "height": 1080, "time": {"value": 0, "scale": 30}},)";
     text += "\n\"layers\": [\n";
     for (int i = 1; i <= shape.layers; ++i) {
         text += R"({"name": "Card )" + std::to_string(i) +
@@ -29,8 +29,7 @@ std::string sceneJson(const SceneShape& shape)
     return text;
 }
 
-SceneFile::SceneFile(const SceneShape& shape)
-{
+SceneFile::SceneFile(const SceneShape& shape) {
     static int made = 0;
     path_ = (std::filesystem::temp_directory_path() /
              ("orbisett-bench-" + std::to_string(getpid()) + "-" + std::to_string(++made) + ".json"))
@@ -42,8 +41,7 @@ SceneFile::SceneFile(const SceneShape& shape)
     }
 }
 
-SceneFile::~SceneFile()
-{
+SceneFile::~SceneFile() {
     std::error_code ignored;
     std::filesystem::remove(path_, ignored);
 }

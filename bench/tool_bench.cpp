@@ -16,8 +16,7 @@ namespace {
 
 enum class Variant { plain, keys, repeats };
 
-SceneShape shapeOf(Variant variant, int layers_after)
-{
+SceneShape shapeOf(Variant variant, int layers_after) {
     SceneShape shape;
     shape.keys = variant == Variant::keys;
     shape.repeats = variant == Variant::repeats;
@@ -26,15 +25,11 @@ SceneShape shapeOf(Variant variant, int layers_after)
     return shape;
 }
 
-std::string outputPath()
-{
-    return "/tmp/orbisett-bench-out-" + std::to_string(getpid()) + ".json";
-}
+std::string outputPath() { return "/tmp/orbisett-bench-out-" + std::to_string(getpid()) + ".json"; }
 
 // Milliseconds per run of one phase, and microseconds per layer of the whole run without the
 // preview: the figure that has to stay flat as scenes grow.
-void BM_ToolPhases(benchmark::State& state, Variant variant)
-{
+void BM_ToolPhases(benchmark::State& state, Variant variant) {
     const int n = static_cast<int>(state.range(0));
     const SceneFile scene(shapeOf(variant, n));
     const std::string out = outputPath();
@@ -68,8 +63,7 @@ void BM_ToolPhases(benchmark::State& state, Variant variant)
 
 // The built tool writing its scene (no pictures): wall and CPU seconds, and the peak resident
 // memory per layer of the run.
-void BM_ToolProcess(benchmark::State& state, Variant variant)
-{
+void BM_ToolProcess(benchmark::State& state, Variant variant) {
     const int n = static_cast<int>(state.range(0));
     const SceneFile scene(shapeOf(variant, n));
     const std::string out = outputPath();

@@ -29,8 +29,7 @@ namespace bench {
 
 namespace {
 
-double cpu_seconds()
-{
+double cpu_seconds() {
     timespec t{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
     return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
@@ -39,8 +38,7 @@ double cpu_seconds()
 // CPU seconds since the last lap.
 class Laps {
 public:
-    double lap()
-    {
+    double lap() {
         const double now = cpu_seconds();
         const double spent = now - last_;
         last_ = now;
@@ -51,8 +49,7 @@ private:
     double last_ = cpu_seconds();
 };
 
-void require(bool ok, const std::string& what)
-{
+void require(bool ok, const std::string& what) {
     if (!ok) {
         throw std::runtime_error(what);
     }
@@ -60,8 +57,7 @@ void require(bool ok, const std::string& what)
 
 }  // namespace
 
-ToolPhases runToolPhases(const std::string& scene_path, const std::string& out_path)
-{
+ToolPhases runToolPhases(const std::string& scene_path, const std::string& out_path) {
     platform::reset();
     ToolPhases t;
     Laps laps;
@@ -117,8 +113,7 @@ ToolPhases runToolPhases(const std::string& scene_path, const std::string& out_p
 namespace {
 
 // The high-water mark of resident memory of a live process, from /proc; -1 when unreadable.
-long peak_rss_kb(pid_t pid)
-{
+long peak_rss_kb(pid_t pid) {
     std::ifstream status("/proc/" + std::to_string(pid) + "/status");
     std::string line;
     while (std::getline(status, line)) {
@@ -133,8 +128,7 @@ long peak_rss_kb(pid_t pid)
 
 // The child is traced only to stop it as it exits, while its memory is still there to be read:
 // the rusage of a child forked from this large process would report the parent's peak.
-ProcessRun runToolProcess(const std::vector<std::string>& arguments)
-{
+ProcessRun runToolProcess(const std::vector<std::string>& arguments) {
     std::vector<std::string> words{ORBISETT_TOOL_PATH};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
@@ -174,7 +168,9 @@ ProcessRun runToolProcess(const std::vector<std::string>& arguments)
     }
     run.wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    auto seconds = [](const timeval& tv) { return static_cast<double>(tv.tv_sec) + static_cast<double>(tv.tv_usec) * 1e-6; };
+    auto seconds = [](const timeval& tv) {
+        return static_cast<double>(tv.tv_sec) + static_cast<double>(tv.tv_usec) * 1e-6;
+    };
     run.cpu = seconds(usage.ru_utime) + seconds(usage.ru_stime);
     return run;
 }

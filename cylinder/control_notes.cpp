@@ -9,8 +9,7 @@ namespace {
 constexpr bool whole = true;
 
 constexpr ControlNote note(ADMInt32 id, const char* meaning, const char* acts_when = "", bool whole_number = false,
-                           const char* never_acts = "")
-{
+                           const char* never_acts = "") {
     return {id, meaning, acts_when, whole_number, never_acts};
 }
 
@@ -58,11 +57,11 @@ const std::array kNotes = {
     note(RADIO_OUTWARD, "\"Outward\": layers face away from the axis"),
     note(RADIO_INWARD, "\"Inward\": layers face the axis"),
     note(RADIO_BEGIN_FRONT, "\"Begin Distribution at\" \"Front\""),
-    note(RADIO_BEGIN_RIGHT, "\"Begin Distribution at\" \"Right\"; never acts (Front or Back is always on)", "",
-         false, kSideNotReached),
+    note(RADIO_BEGIN_RIGHT, "\"Begin Distribution at\" \"Right\"; never acts (Front or Back is always on)", "", false,
+         kSideNotReached),
     note(RADIO_BEGIN_BACK, "\"Begin Distribution at\" \"Back\""),
-    note(RADIO_BEGIN_LEFT, "\"Begin Distribution at\" \"Left\"; never acts (Front or Back is always on)", "",
-         false, kSideNotReached),
+    note(RADIO_BEGIN_LEFT, "\"Begin Distribution at\" \"Left\"; never acts (Front or Back is always on)", "", false,
+         kSideNotReached),
     note(RADIO_WHOLE_CYLINDER, "\"Whole Cylinder\": the active surface is all of it"),
     note(RADIO_SECTOR, "\"Sector\": only the halves ticked in the sector boxes"),
     note(RADIO_EQUATOR_ONLY, "\"Equator Only\": one row at mid-height",
@@ -84,8 +83,9 @@ const std::array kNotes = {
     note(CHECK_KEY_POSITION, "\"Insert Keys\" \"Position\""),
     note(CHECK_KEY_ORIENTATION, "\"Insert Keys\" \"Orientation\""),
     note(CHECK_KEY_SCALE, "\"Insert Keys\" \"Scale\""),
-    note(CHECK_CROP_TEXT_LAYERS, "\"Crop Text Layers To Size Of Other 3D Layers\": text and shape layers take the "
-                                 "largest selected source's size instead of the composition's",
+    note(CHECK_CROP_TEXT_LAYERS,
+         "\"Crop Text Layers To Size Of Other 3D Layers\": text and shape layers take the "
+         "largest selected source's size instead of the composition's",
          "it acts only when the selection holds a 3D layer with a source (the dialog also greys it on a host "
          "without AEGP Layer Suite/8, where it still acts)"),
 };
@@ -94,8 +94,7 @@ const std::array kNotes = {
 
 std::span<const ControlNote> control_notes() { return kNotes; }
 
-const ControlNote* control_note(ADMInt32 id)
-{
+const ControlNote* control_note(ADMInt32 id) {
     for (const ControlNote& n : kNotes) {
         if (n.id == id) {
             return &n;

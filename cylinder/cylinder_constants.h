@@ -8,5 +8,4 @@
 inline constexpr double EPS = 1e-12;
 
 // Where a layer goes when there is no surface to place it on.
-inline const math::TGeomVector3D<double> error(math::Constant_Nowhere, math::Constant_Nowhere,
-                                               math::Constant_Nowhere);
+inline const math::TGeomVector3D<double> error(math::Constant_Nowhere, math::Constant_Nowhere, math::Constant_Nowhere);

@@ -14,8 +14,7 @@ const MainDlg::Vector kSideRight(1, 0, 0);
 const MainDlg::Vector kSideLeft(-1, 0, 0);
 
 // The Begin radios are tested Front, Back, Left; none of them set means Right.
-Side begin_side(const MainDlg& dlg)
-{
+Side begin_side(const MainDlg& dlg) {
     if (dlg.get_bool(RADIO_BEGIN_FRONT)) {
         return Side::front;
     }
@@ -29,20 +28,15 @@ Side begin_side(const MainDlg& dlg)
 }
 
 // Half of a box extent, halved in single precision as the edit field holds it.
-double half_extent(const MainDlg& dlg, ADMInt32 id)
-{
-    return static_cast<double>(dlg.get_float(id) * 0.5f);
-}
+double half_extent(const MainDlg& dlg, ADMInt32 id) { return static_cast<double>(dlg.get_float(id) * 0.5f); }
 
 }  // namespace
 
-MainDlg::Vector MainDlg::cyl_to_cart(const Vector& q) const
-{
+MainDlg::Vector MainDlg::cyl_to_cart(const Vector& q) const {
     return Vector(q.x * std::sin(q.y), q.z, q.x * std::cos(q.y));
 }
 
-MainDlg::Vector MainDlg::cart_to_cyl(const Vector& p) const
-{
+MainDlg::Vector MainDlg::cart_to_cyl(const Vector& p) const {
     const double r = std::sqrt(p.x * p.x + p.z * p.z);
     if (EPS > r) {
         return Vector(0, 0, 0);
@@ -54,8 +48,7 @@ MainDlg::Vector MainDlg::cart_to_cyl(const Vector& p) const
     return Vector(r, phi, p.y);
 }
 
-void MainDlg::get_phi_z_dir(const Vector& p, Vector& phi_dir, Vector& z_dir) const
-{
+void MainDlg::get_phi_z_dir(const Vector& p, Vector& phi_dir, Vector& z_dir) const {
     z_dir = Vector(0, 1, 0);
     phi_dir = Vector(p.x, 0, p.z);
     if (phi_dir.Length() > EPS) {
@@ -67,8 +60,7 @@ void MainDlg::get_phi_z_dir(const Vector& p, Vector& phi_dir, Vector& z_dir) con
     }
 }
 
-MainDlg::Vector MainDlg::get_position(double phi, double h, double radius) const
-{
+MainDlg::Vector MainDlg::get_position(double phi, double h, double radius) const {
     double a = radius;
     double b = radius;
     if (radius < EPS) {
@@ -84,27 +76,25 @@ MainDlg::Vector MainDlg::get_position(double phi, double h, double radius) const
     return Vector(sn * k, h, cs * k);
 }
 
-void MainDlg::initial_angles(double& phi, double& h) const
-{
+void MainDlg::initial_angles(double& phi, double& h) const {
     switch (begin_side(*this)) {
-    case Side::front:
-        phi = 0;
-        break;
-    case Side::back:
-        phi = math::Constant_PI;
-        break;
-    case Side::left:
-        phi = -math::Constant_Half_PI;
-        break;
-    case Side::right:
-        phi = math::Constant_Half_PI;
-        break;
+        case Side::front:
+            phi = 0;
+            break;
+        case Side::back:
+            phi = math::Constant_PI;
+            break;
+        case Side::left:
+            phi = -math::Constant_Half_PI;
+            break;
+        case Side::right:
+            phi = math::Constant_Half_PI;
+            break;
     }
     h = static_cast<double>(get_float(EDIT_DIM_Y)) * -0.5;
 }
 
-double MainDlg::get_phi_increment(int step) const
-{
+double MainDlg::get_phi_increment(int step) const {
     if (get_bool(CHECK_DISTRIBUTE_EVENLY)) {
         return math::Constant_2PI / static_cast<double>(layers.size());
     }
@@ -113,29 +103,26 @@ double MainDlg::get_phi_increment(int step) const
     return minimum + increment * step;
 }
 
-double MainDlg::get_z_increment(int row) const
-{
+double MainDlg::get_z_increment(int row) const {
     return static_cast<double>(get_float(EDIT_MIN_LATITUDE)) +
            static_cast<double>(get_float(EDIT_LATITUDE_INCREMENT)) * row;
 }
 
-MainDlg::Vector MainDlg::initial_pos_at_ring(const Vector& half_axes) const
-{
+MainDlg::Vector MainDlg::initial_pos_at_ring(const Vector& half_axes) const {
     switch (begin_side(*this)) {
-    case Side::front:
-        return Vector(0, 0, half_axes.z);
-    case Side::back:
-        return Vector(0, 0, -half_axes.z);
-    case Side::left:
-        return Vector(-half_axes.x, 0, 0);
-    case Side::right:
-        break;
+        case Side::front:
+            return Vector(0, 0, half_axes.z);
+        case Side::back:
+            return Vector(0, 0, -half_axes.z);
+        case Side::left:
+            return Vector(-half_axes.x, 0, 0);
+        case Side::right:
+            break;
     }
     return Vector(half_axes.x, 0, 0);
 }
 
-void MainDlg::locate_layer(const Vector& p, AEGP_StreamValue* value) const
-{
+void MainDlg::locate_layer(const Vector& p, AEGP_StreamValue* value) const {
     // The centre is entered in the layout frame; the host's Y and Z point the other way.
     const double cx = get_float(EDIT_SPHERE_CENTER_X);
     const double cy = get_float(EDIT_SPHERE_CENTER_Y);
@@ -145,8 +132,7 @@ void MainDlg::locate_layer(const Vector& p, AEGP_StreamValue* value) const
     value->val.three_d.z = -cz - p.z;
 }
 
-MainDlg::Vector MainDlg::get_norm(const Vector& p) const
-{
+MainDlg::Vector MainDlg::get_norm(const Vector& p) const {
     if (p == error) {
         return Vector(0, 0, 0);
     }

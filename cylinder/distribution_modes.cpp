@@ -25,17 +25,15 @@ using LayerInfo = AssistantDlg::LayerInfo;
 using Vector = MainDlg::Vector;
 
 // One placement: orientation from the normal, position, then the footprint later places avoid.
-void place(MainDlg& dlg, LayerInfo& record, const Vector& p, const Vector& normal)
-{
+void place(MainDlg& dlg, LayerInfo& record, const Vector& p, const Vector& normal) {
     dlg.orient_layer(normal, &record.orientation);
     dlg.locate_layer(p, &record.position);
     dlg.add_volume(p, record.size);
 }
 
-} // namespace
+}  // namespace
 
-A_Err MainDlg::get_layers_pos()
-{
+A_Err MainDlg::get_layers_pos() {
     if (layers.empty()) {
         return 0;
     }
@@ -64,8 +62,7 @@ A_Err MainDlg::get_layers_pos()
     return 0;
 }
 
-void MainDlg::resize_layers()
-{
+void MainDlg::resize_layers() {
     const float target = get_float(EDIT_FORCE_CONFORM);
     for (LayerInfo& record : layers) {
         // A layer without extent cannot be brought to the target size.
@@ -81,8 +78,7 @@ void MainDlg::resize_layers()
     }
 }
 
-void MainDlg::add_new_layers(int n)
-{
+void MainDlg::add_new_layers(int n) {
     if (n < 0 || layers.size() <= static_cast<std::size_t>(n)) {
         return;
     }
@@ -91,8 +87,7 @@ void MainDlg::add_new_layers(int n)
     layers.erase(first_cut, layers.end());
 }
 
-void MainDlg::set_layers_evenly()
-{
+void MainDlg::set_layers_evenly() {
     if (layers.empty()) {
         return;
     }
@@ -125,8 +120,7 @@ void MainDlg::set_layers_evenly()
     }
 }
 
-void MainDlg::set_layers_with_given_steps()
-{
+void MainDlg::set_layers_with_given_steps() {
     if (nowhere()) {
         return;
     }
@@ -146,8 +140,7 @@ void MainDlg::set_layers_with_given_steps()
     }
 }
 
-int MainDlg::get_layers_number()
-{
+int MainDlg::get_layers_number() {
     const LayoutScope scope(*this);
     std::vector<A_LPoint> sizes;
     sizes.reserve(layers.size());
@@ -178,8 +171,7 @@ int MainDlg::get_layers_number()
 // The angle only grows here: the mode ends when a further step would complete the turn. A step that
 // moves nothing, with the next one no larger, would test the same refused place forever; the step
 // fields are never negative, so that ends the mode without losing any place a longer search finds.
-void MainDlg::set_layers_along_equator()
-{
+void MainDlg::set_layers_along_equator() {
     double phi0 = 0;
     double unused_h = 0;
     initial_angles(phi0, unused_h);
@@ -224,8 +216,7 @@ void MainDlg::set_layers_along_equator()
 // from the start angle without a valid place will never find one: that ends the mode, as running up
 // to the top would. Likewise a row change that climbs no higher while the layers below still block
 // it can never get past them.
-void MainDlg::set_with_pre_computed_radius()
-{
+void MainDlg::set_with_pre_computed_radius() {
     const int n = get_int(EDIT_RADIUS_LAYERS);
     if (layers.empty() || n < 1) {
         return;

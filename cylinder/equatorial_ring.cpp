@@ -21,13 +21,9 @@ constexpr int kTangentPasses = 5;
 // Below this the chord's midpoint is too near the centre to give a direction.
 constexpr double kMinMidpoint = 0.01;
 
-bool is_finite(const Vector& v)
-{
-    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
-}
+bool is_finite(const Vector& v) { return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z); }
 
-Vector normalized(Vector v)
-{
+Vector normalized(Vector v) {
     v.Normalize();
     return v;
 }
@@ -41,8 +37,7 @@ struct Ring {
     Vector near_edge(std::size_t i) const { return centres[i] - 0.5 * widths[i] * directions[i]; }
     Vector far_edge(std::size_t i) const { return centres[i] + 0.5 * widths[i] * directions[i]; }
 
-    bool is_finite() const
-    {
+    bool is_finite() const {
         for (std::size_t i = 0; i < centres.size(); ++i) {
             if (!::is_finite(centres[i]) || !::is_finite(normals[i]) || !::is_finite(directions[i])) {
                 return false;
@@ -52,11 +47,9 @@ struct Ring {
     }
 };
 
-} // namespace
+}  // namespace
 
-int MainDlg::intersect_ellipse(const Vector& o, const Vector& d, const Vector& axes, Vector& p1,
-                               Vector& p2) const
-{
+int MainDlg::intersect_ellipse(const Vector& o, const Vector& d, const Vector& axes, Vector& p1, Vector& p2) const {
     // A flat ellipsoid or a line without direction has no defined crossing points.
     if (axes.x == 0 || axes.y == 0 || axes.z == 0) {
         return 0;
@@ -80,8 +73,7 @@ int MainDlg::intersect_ellipse(const Vector& o, const Vector& d, const Vector& a
     return 2;
 }
 
-void MainDlg::create_equatorial_ring()
-{
+void MainDlg::create_equatorial_ring() {
     const std::size_t n = layers.size();
     if (n <= 2) {
         return;

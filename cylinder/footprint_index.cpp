@@ -18,8 +18,7 @@ constexpr std::int64_t kMaxCells = 256;
 // Sector kSectors of a row stands for all of them.
 std::int64_t key(std::int64_t row, std::int64_t sector) { return row * (kSectors + 1) + sector; }
 
-std::size_t hash(std::int64_t key)
-{
+std::size_t hash(std::int64_t key) {
     auto x = static_cast<std::uint64_t>(key);
     x ^= x >> 33;
     x *= 0xff51afd7ed558ccdULL;
@@ -28,8 +27,7 @@ std::size_t hash(std::int64_t key)
 }
 
 // Sectors grow with the angle, so a footprint's range of sectors covers those of its angles.
-std::int64_t sector_of(double phi)
-{
+std::int64_t sector_of(double phi) {
     const double s = std::floor(phi * kSectorsPerRadian);
     if (!(s >= 0)) {
         return 0;
@@ -37,13 +35,11 @@ std::int64_t sector_of(double phi)
     return s >= static_cast<double>(kSectors) ? kSectors - 1 : static_cast<std::int64_t>(s);
 }
 
-bool is_finite(const SolidAngle& b)
-{
+bool is_finite(const SolidAngle& b) {
     return std::isfinite(b.phi_begin) && std::isfinite(b.phi_end) && std::isfinite(b.h_low) && std::isfinite(b.h_high);
 }
 
-bool any_band_holds(const std::vector<SolidAngle>& bands, double phi, double h)
-{
+bool any_band_holds(const std::vector<SolidAngle>& bands, double phi, double h) {
     for (const SolidAngle& band : bands) {
         if (band_contains(band, phi, h, false)) {
             return true;
@@ -54,8 +50,7 @@ bool any_band_holds(const std::vector<SolidAngle>& bands, double phi, double h)
 
 }  // namespace
 
-bool band_contains(const SolidAngle& band, double phi, double h, bool height_only)
-{
+bool band_contains(const SolidAngle& band, double phi, double h, bool height_only) {
     const bool in_h = band.h_low <= h && h <= band.h_high;
     if (height_only) {
         return in_h;
@@ -67,8 +62,7 @@ bool band_contains(const SolidAngle& band, double phi, double h, bool height_onl
     return in_h && in_phi;
 }
 
-void FootprintIndex::clear()
-{
+void FootprintIndex::clear() {
     row_height_ = 0;
     tallest_ = 0;
     filed_ = 0;
@@ -80,8 +74,7 @@ void FootprintIndex::clear()
     loose_ = {};
 }
 
-void FootprintIndex::update(const std::vector<SolidAngle>& bands)
-{
+void FootprintIndex::update(const std::vector<SolidAngle>& bands) {
     if (bands.size() < filed_) {
         clear();
     }
@@ -95,8 +88,7 @@ void FootprintIndex::update(const std::vector<SolidAngle>& bands)
     }
 }
 
-void FootprintIndex::refile(const std::vector<SolidAngle>& bands)
-{
+void FootprintIndex::refile(const std::vector<SolidAngle>& bands) {
     const double height = tallest_;
     clear();
     row_height_ = height;
@@ -105,8 +97,7 @@ void FootprintIndex::refile(const std::vector<SolidAngle>& bands)
     }
 }
 
-bool FootprintIndex::row_of(double h, std::int64_t& row) const
-{
+bool FootprintIndex::row_of(double h, std::int64_t& row) const {
     const double r = std::floor(h / row_height_);
     if (!(std::fabs(r) <= kRowLimit)) {
         return false;
@@ -115,8 +106,7 @@ bool FootprintIndex::row_of(double h, std::int64_t& row) const
     return true;
 }
 
-void FootprintIndex::file(std::uint32_t i, const SolidAngle& band)
-{
+void FootprintIndex::file(std::uint32_t i, const SolidAngle& band) {
     if (!is_finite(band)) {
         loose_.push_back(i);
         return;
@@ -171,8 +161,7 @@ void FootprintIndex::file(std::uint32_t i, const SolidAngle& band)
     }
 }
 
-void FootprintIndex::link(std::int64_t k, std::uint32_t band)
-{
+void FootprintIndex::link(std::int64_t k, std::uint32_t band) {
     // Kept at most half full, so that a search soon meets an empty slot.
     if (2 * (used_ + 1) > slots_.size()) {
         std::vector<Slot> old = std::move(slots_);
@@ -200,8 +189,7 @@ void FootprintIndex::link(std::int64_t k, std::uint32_t band)
     slot.head = static_cast<std::uint32_t>(links_.size());
 }
 
-bool FootprintIndex::chain_holds(const std::vector<SolidAngle>& bands, std::int64_t k, double phi, double h) const
-{
+bool FootprintIndex::chain_holds(const std::vector<SolidAngle>& bands, std::int64_t k, double phi, double h) const {
     if (slots_.empty()) {
         return false;
     }
@@ -217,8 +205,7 @@ bool FootprintIndex::chain_holds(const std::vector<SolidAngle>& bands, std::int6
     return false;
 }
 
-bool FootprintIndex::any_contains(const std::vector<SolidAngle>& bands, const std::array<Vector, 5>& points) const
-{
+bool FootprintIndex::any_contains(const std::vector<SolidAngle>& bands, const std::array<Vector, 5>& points) const {
     for (const Vector& q : points) {
         const double phi = q.y;
         const double h = q.z;

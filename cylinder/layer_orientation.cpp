@@ -11,21 +11,16 @@ typedef MainDlg::Vector Vector;
 typedef math::TMatrix3D<double> Matrix;
 
 // The unsigned angle between u and v, negative unless s and t point the same way.
-double signed_angle(const Vector& u, const Vector& v, const Vector& s, const Vector& t)
-{
+double signed_angle(const Vector& u, const Vector& v, const Vector& s, const Vector& t) {
     const double a = u ^ v;
     return math::dot(s, t) > 0 ? a : -a;
 }
 
-double degrees(double radians)
-{
-    return radians * 180 / math::Constant_PI;
-}
+double degrees(double radians) { return radians * 180 / math::Constant_PI; }
 
 }  // namespace
 
-void MainDlg::orient_layer(const Vector& n, AEGP_StreamValue* value) const
-{
+void MainDlg::orient_layer(const Vector& n, AEGP_StreamValue* value) const {
     const Vector A(0, 0, 1);
     const Vector B(1, 0, 0);
     const double phi = cart_to_cyl(n).y;
@@ -56,7 +51,4 @@ void MainDlg::orient_layer(const Vector& n, AEGP_StreamValue* value) const
     value->val.three_d.z = degrees(z);
 }
 
-bool MainDlg::is_orient_changed()
-{
-    return !nowhere();
-}
+bool MainDlg::is_orient_changed() { return !nowhere(); }

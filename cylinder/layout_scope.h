@@ -7,16 +7,14 @@
 
 class LayoutScope {
 public:
-    explicit LayoutScope(MainDlg& dlg) : dlg_(dlg)
-    {
+    explicit LayoutScope(MainDlg& dlg) : dlg_(dlg) {
         if (dlg_.layout_depth++ == 0) {
             dlg_.settings_memo.open();
             dlg_.footprint_index.clear();
         }
     }
 
-    ~LayoutScope()
-    {
+    ~LayoutScope() {
         if (--dlg_.layout_depth == 0) {
             dlg_.settings_memo.close();
             dlg_.footprint_index.clear();

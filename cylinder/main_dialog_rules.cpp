@@ -6,8 +6,7 @@
 
 namespace {
 
-void set_enabled(const MainDlg& dlg, std::initializer_list<ADMInt32> ids, bool enable)
-{
+void set_enabled(const MainDlg& dlg, std::initializer_list<ADMInt32> ids, bool enable) {
     for (ADMInt32 id : ids) {
         sADMItem->Enable(dlg.get_item(id), enable);
     }
@@ -34,25 +33,23 @@ const std::array<NotifyRule, 4> kNotifyRules = {{
 
 }  // namespace
 
-void MainDlg::enable_distance_group()
-{
+void MainDlg::enable_distance_group() {
     const bool evenly = get_bool(CHECK_DISTRIBUTE_EVENLY);
     const bool radius = get_bool(CHECK_RADIUS_BY_FIRST);
     const bool equator = get_bool(RADIO_EQUATOR_ONLY);
     const bool ring = get_bool(CHECK_CREATE_RING);
     set_enabled(*this, {CHECK_RADIUS_BY_FIRST}, !evenly);
-    set_enabled(*this,
-                {STATIC_LATITUDE_MIN, STATIC_LATITUDE_MAX, EDIT_MIN_LATITUDE, EDIT_MAX_LATITUDE,
-                 EDIT_LATITUDE_INCREMENT},
-                !evenly && !equator);
-    set_enabled(*this,
-                {STATIC_LONGITUDE_MIN, STATIC_LONGITUDE_MAX, EDIT_MIN_LONGITUDE, EDIT_MAX_LONGITUDE,
-                 EDIT_LONGITUDE_INCREMENT},
-                !evenly && !radius && (!equator || !ring));
+    set_enabled(
+        *this,
+        {STATIC_LATITUDE_MIN, STATIC_LATITUDE_MAX, EDIT_MIN_LATITUDE, EDIT_MAX_LATITUDE, EDIT_LATITUDE_INCREMENT},
+        !evenly && !equator);
+    set_enabled(
+        *this,
+        {STATIC_LONGITUDE_MIN, STATIC_LONGITUDE_MAX, EDIT_MIN_LONGITUDE, EDIT_MAX_LONGITUDE, EDIT_LONGITUDE_INCREMENT},
+        !evenly && !radius && (!equator || !ring));
 }
 
-void MainDlg::enable_hemisphere_group()
-{
+void MainDlg::enable_hemisphere_group() {
     const bool sector = get_bool(RADIO_SECTOR);
     const bool equator = get_bool(RADIO_EQUATOR_ONLY);
     const bool radius = get_bool(CHECK_RADIUS_BY_FIRST);
@@ -60,13 +57,11 @@ void MainDlg::enable_hemisphere_group()
     set_enabled(*this, {CHECK_CREATE_RING}, equator && !radius);
 }
 
-void MainDlg::enable_force_conform()
-{
+void MainDlg::enable_force_conform() {
     set_enabled(*this, {EDIT_FORCE_CONFORM}, get_bool(CHECK_SCALE_LAYER) && !get_bool(CHECK_RADIUS_BY_FIRST));
 }
 
-void MainDlg::enable_radius_group()
-{
+void MainDlg::enable_radius_group() {
     const bool radius = get_bool(CHECK_RADIUS_BY_FIRST);
     set_enabled(*this, {EDIT_RADIUS_LAYERS}, radius);
     // The height still comes from the dialog in the radius mode, so EDIT_DIM_Y stays.
@@ -74,13 +69,11 @@ void MainDlg::enable_radius_group()
                 !radius);
 }
 
-bool MainDlg::enable_repeat_layers()
-{
+bool MainDlg::enable_repeat_layers() {
     return !get_bool(CHECK_RADIUS_BY_FIRST) && !get_bool(CHECK_DISTRIBUTE_EVENLY) && !get_bool(RADIO_EQUATOR_ONLY);
 }
 
-void MainDlg::Enable(unsigned char enable)
-{
+void MainDlg::Enable(unsigned char enable) {
     AssistantDlg::Enable(enable);
     if (enable) {
         enable_force_conform();
@@ -93,8 +86,7 @@ void MainDlg::Enable(unsigned char enable)
     }
 }
 
-void MainDlg::Notify(IADMNotifier notifier)
-{
+void MainDlg::Notify(IADMNotifier notifier) {
     const ADMInt32 id = sADMItem->GetID(sADMNotifier->GetItem(notifier));
     if (sADMNotifier->IsNotifierType(notifier, kADMUserChangedNotifier)) {
         for (const NotifyRule& entry : kNotifyRules) {

@@ -13,8 +13,7 @@ using Vector = MainDlg::Vector;
 
 // The corners of a layer's rectangle in the plane touching the horizontal circle through p:
 // decreasing-phi side top and bottom, then increasing-phi side bottom and top.
-std::array<Vector, 4> corners(const MainDlg& dlg, const Vector& p, const A_LPoint& size)
-{
+std::array<Vector, 4> corners(const MainDlg& dlg, const Vector& p, const A_LPoint& size) {
     Vector t;
     Vector u;
     dlg.get_phi_z_dir(p, t, u);
@@ -23,10 +22,9 @@ std::array<Vector, 4> corners(const MainDlg& dlg, const Vector& p, const A_LPoin
     return {p - along + up, p - along - up, p + along - up, p + along + up};
 }
 
-} // namespace
+}  // namespace
 
-void MainDlg::add_volume(const Vector& p, const A_LPoint& size)
-{
+void MainDlg::add_volume(const Vector& p, const A_LPoint& size) {
     const std::array<Vector, 4> k = corners(*this, p, size);
     const Vector k0 = cart_to_cyl(k[0]);
     const Vector k1 = cart_to_cyl(k[1]);
@@ -34,22 +32,19 @@ void MainDlg::add_volume(const Vector& p, const A_LPoint& size)
     volumes.push_back(SolidAngle{k0.y, k3.y, k1.z, k0.z});
 }
 
-void MainDlg::clear_volumes()
-{
+void MainDlg::clear_volumes() {
     volumes.clear();
     footprint_index.clear();
 }
 
-bool MainDlg::contains(const SolidAngle& band, const Vector& q, bool height_only) const
-{
+bool MainDlg::contains(const SolidAngle& band, const Vector& q, bool height_only) const {
     const Vector c = cart_to_cyl(q);
     return band_contains(band, c.y, c.z, height_only);
 }
 
 // Only the candidate's centre and corners are tested against the recorded bands, not the other
 // way round: cheap, and enough for layers of similar size.
-bool MainDlg::intersects(const Vector& p, const A_LPoint& size, bool height_only) const
-{
+bool MainDlg::intersects(const Vector& p, const A_LPoint& size, bool height_only) const {
     if (!get_bool(CHECK_DONT_INTERSECT)) {
         return false;
     }

@@ -3,8 +3,7 @@
 
 #include "cylinder/cylinder_constants.h"
 
-bool MainDlg::is_pos_valid(const Vector& p) const
-{
+bool MainDlg::is_pos_valid(const Vector& p) const {
     if (!get_bool(RADIO_SECTOR)) {
         return true;
     }
@@ -28,8 +27,7 @@ bool MainDlg::is_pos_valid(const Vector& p) const
            (left && (a >= 180 || a < EPS));
 }
 
-bool MainDlg::nowhere() const
-{
+bool MainDlg::nowhere() const {
     return get_bool(RADIO_SECTOR) && !get_bool(CHECK_SECTOR_FRONT) && !get_bool(CHECK_SECTOR_RIGHT) &&
            !get_bool(CHECK_SECTOR_BACK) && !get_bool(CHECK_SECTOR_LEFT);
 }

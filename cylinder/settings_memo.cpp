@@ -1,7 +1,6 @@
 #include "cylinder/settings_memo.h"
 
-void SettingsMemo::open()
-{
+void SettingsMemo::open() {
     open_ = true;
     // Generation 0 marks a slot never filled; after a wrap-around every slot is cleared instead.
     if (++generation_ == 0) {

@@ -32,8 +32,7 @@ private:
     };
 
     template <typename T>
-    Slots<T>& slots()
-    {
+    Slots<T>& slots() {
         static_assert(std::is_same_v<T, float> || std::is_same_v<T, int> || std::is_same_v<T, bool>);
         if constexpr (std::is_same_v<T, float>) {
             return floats_;
@@ -52,8 +51,7 @@ private:
 };
 
 template <typename T, typename Read>
-T SettingsMemo::get(ADMInt32 id, Read read)
-{
+T SettingsMemo::get(ADMInt32 id, Read read) {
     if (!open_ || id < 0 || id >= kIds) {
         return read();
     }

@@ -6,32 +6,27 @@ namespace {
 
 using K = SettingKind;
 
-constexpr ControlSpec text(ADMInt32 id, const char* name, const char* label, short left, short top, bool shown)
-{
+constexpr ControlSpec text(ADMInt32 id, const char* name, const char* label, short left, short top, bool shown) {
     return {id, name, K::static_text, label, left, top, 0, 0, 0.0f, 0.0f, 0.0f, shown};
 }
 
 constexpr ControlSpec edit(ADMInt32 id, const char* name, short left, short top, short width, short height,
-                           float minimum, float maximum, float value, bool shown)
-{
+                           float minimum, float maximum, float value, bool shown) {
     return {id, name, K::edit, "", left, top, width, height, minimum, maximum, value, shown};
 }
 
 constexpr ControlSpec check(ADMInt32 id, const char* name, const char* label, short left, short top, short width,
-                            short height, bool on, bool shown)
-{
+                            short height, bool on, bool shown) {
     return {id, name, K::check_box, label, left, top, width, height, 0.0f, 1.0f, on ? 1.0f : 0.0f, shown};
 }
 
 constexpr ControlSpec radio(ADMInt32 id, const char* name, const char* label, short left, short top, short width,
-                            short height, bool on, bool shown)
-{
+                            short height, bool on, bool shown) {
     return {id, name, K::radio, label, left, top, width, height, 0.0f, 1.0f, on ? 1.0f : 0.0f, shown};
 }
 
 constexpr ControlSpec frame(ADMInt32 id, const char* name, const char* label, short left, short top, short width,
-                            short height, bool shown)
-{
+                            short height, bool shown) {
     return {id, name, K::frame, label, left, top, width, height, 0.0f, 0.0f, 0.0f, shown};
 }
 
@@ -112,13 +107,12 @@ const std::array<ControlSpec, kCylinderControlCount> kCylinderControls = {{
     check(CHECK_REPEAT_LAYERS, "CHECK_REPEAT_LAYERS", "Repeat Layers", 40, 178, 130, 15, false, yes),
     edit(EDIT_REPEAT_COUNT, "EDIT_REPEAT_COUNT", 155, 178, 75, 18, EDIT_REPEAT_COUNT_MIN, EDIT_REPEAT_COUNT_MAX,
          EDIT_REPEAT_COUNT_DFLT, yes),
-    check(CHECK_REPEAT_SEQUENTIALLY, "CHECK_REPEAT_SEQUENTIALLY", "Repeat Sequentially", 250, 178, 130, 15, false,
-          yes),
+    check(CHECK_REPEAT_SEQUENTIALLY, "CHECK_REPEAT_SEQUENTIALLY", "Repeat Sequentially", 250, 178, 130, 15, false, yes),
     check(CHECK_KEY_POSITION, "CHECK_KEY_POSITION", "Position", 40, 308, 130, 15, false, yes),
     check(CHECK_KEY_ORIENTATION, "CHECK_KEY_ORIENTATION", "Orientation", 155, 308, 130, 15, false, yes),
     check(CHECK_KEY_SCALE, "CHECK_KEY_SCALE", "Scale", 270, 308, 65, 15, false, yes),
-    check(CHECK_CROP_TEXT_LAYERS, "CHECK_CROP_TEXT_LAYERS", "Crop Text Layers To Size Of Other 3D Layers", 20, 338,
-          320, 17, true, yes),
+    check(CHECK_CROP_TEXT_LAYERS, "CHECK_CROP_TEXT_LAYERS", "Crop Text Layers To Size Of Other 3D Layers", 20, 338, 320,
+          17, true, yes),
     {BUTTON_APPLY, "BUTTON_APPLY", SettingKind::push_button, "Apply", 317, 357, 58, 20, 0.0f, 0.0f, 0.0f, yes},
 }};
 
@@ -131,18 +125,18 @@ const std::array<ControlSpec, kCylinderFrameCount> kCylinderFrames = {{
 }};
 
 const std::array<ADMInt32, kHiddenControlCount> kHiddenControls = {
-    STATIC_CYLINDER_CENTER, EDIT_SPHERE_CENTER_X, STATIC_CENTER_X, EDIT_SPHERE_CENTER_Y, STATIC_CENTER_Y,
-    EDIT_SPHERE_CENTER_Z, STATIC_CENTER_Z, CHECK_DONT_INTERSECT, CHECK_SCALE_LAYER, EDIT_FORCE_CONFORM,
-    STATIC_BEGIN_AT, RADIO_BEGIN_FRONT, RADIO_BEGIN_RIGHT, RADIO_BEGIN_BACK, RADIO_BEGIN_LEFT,
-    STATIC_ACTIVE_SURFACE, RADIO_WHOLE_CYLINDER, RADIO_SECTOR, RADIO_EQUATOR_ONLY, CHECK_SECTOR_FRONT,
-    CHECK_SECTOR_RIGHT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT, CHECK_CREATE_RING, FRAME_ACTIVE_SURFACE,
-    CHECK_REVERSE_ORDER, CHECK_USE_COMP_CENTER, STATIC_LATITUDE_MIN, STATIC_LATITUDE_MAX, EDIT_MAX_LATITUDE,
-    EDIT_LATITUDE_INCREMENT, STATIC_LONGITUDE_MIN, STATIC_LONGITUDE_MAX, EDIT_MAX_LONGITUDE,
-    EDIT_LONGITUDE_INCREMENT,
+    STATIC_CYLINDER_CENTER, EDIT_SPHERE_CENTER_X, STATIC_CENTER_X,          EDIT_SPHERE_CENTER_Y,
+    STATIC_CENTER_Y,        EDIT_SPHERE_CENTER_Z, STATIC_CENTER_Z,          CHECK_DONT_INTERSECT,
+    CHECK_SCALE_LAYER,      EDIT_FORCE_CONFORM,   STATIC_BEGIN_AT,          RADIO_BEGIN_FRONT,
+    RADIO_BEGIN_RIGHT,      RADIO_BEGIN_BACK,     RADIO_BEGIN_LEFT,         STATIC_ACTIVE_SURFACE,
+    RADIO_WHOLE_CYLINDER,   RADIO_SECTOR,         RADIO_EQUATOR_ONLY,       CHECK_SECTOR_FRONT,
+    CHECK_SECTOR_RIGHT,     CHECK_SECTOR_BACK,    CHECK_SECTOR_LEFT,        CHECK_CREATE_RING,
+    FRAME_ACTIVE_SURFACE,   CHECK_REVERSE_ORDER,  CHECK_USE_COMP_CENTER,    STATIC_LATITUDE_MIN,
+    STATIC_LATITUDE_MAX,    EDIT_MAX_LATITUDE,    EDIT_LATITUDE_INCREMENT,  STATIC_LONGITUDE_MIN,
+    STATIC_LONGITUDE_MAX,   EDIT_MAX_LONGITUDE,   EDIT_LONGITUDE_INCREMENT,
 };
 
-std::span<const ControlSpec> cylinder_controls()
-{
+std::span<const ControlSpec> cylinder_controls() {
     // Only controls with an identifier can be looked up; several unnamed labels share id 0.
     static const std::vector<ControlSpec> named = [] {
         std::vector<ControlSpec> all;
@@ -161,8 +155,7 @@ std::span<const ControlSpec> cylinder_controls()
     return named;
 }
 
-const ControlSpec* find_control(std::string_view name)
-{
+const ControlSpec* find_control(std::string_view name) {
     for (const ControlSpec& c : cylinder_controls()) {
         if (name == c.name) {
             return &c;
@@ -171,8 +164,7 @@ const ControlSpec* find_control(std::string_view name)
     return nullptr;
 }
 
-const ControlSpec* find_control(ADMInt32 id)
-{
+const ControlSpec* find_control(ADMInt32 id) {
     if (id == 0) {
         return nullptr;
     }

@@ -10,18 +10,16 @@ namespace {
 constexpr double kRowWrap = math::Constant_2PI - EPS;
 constexpr int kMaxCount = std::numeric_limits<int>::max();
 
-} // namespace
+}  // namespace
 
-StepWalk::StepWalk(const MainDlg& dlg) : dlg_(dlg)
-{
+StepWalk::StepWalk(const MainDlg& dlg) : dlg_(dlg) {
     dlg_.initial_angles(phi0_, h_);
     phi_ = phi0_;
     top_ = static_cast<double>(dlg_.get_float(EDIT_DIM_Y)) * 0.5;
     p_ = dlg_.get_position(phi0_, h_, 0);
 }
 
-bool StepWalk::is_free(const A_LPoint& size) const
-{
+bool StepWalk::is_free(const A_LPoint& size) const {
     return dlg_.is_pos_valid(p_) && !dlg_.intersects(p_, size, false);
 }
 
@@ -33,8 +31,7 @@ bool StepWalk::is_free(const A_LPoint& size) const
 //   layer has already walked a whole row from the start angle: every later row repeats that row.
 // A layout that would end by itself is therefore never cut short. The int counters are also bounded,
 // which only steps far too small to type reasonably could reach.
-bool StepWalk::advance(const A_LPoint& size)
-{
+bool StepWalk::advance(const A_LPoint& size) {
     bool walked_row = false;
     for (;;) {
         if (k_ == kMaxCount || m_ == kMaxCount) {

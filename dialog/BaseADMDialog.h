@@ -15,10 +15,9 @@ public:
     virtual ~BaseADMDialog();
     virtual ADMDialogRef Create(SPPluginRef plugin, const char* name, ADMInt32 id, ADMDialogStyle style,
                                 ADMInt32 options);
-    virtual ADMDialogRef CreatePanel(SPPluginRef plugin, const char* name, ADMInt32 id,
-                                     AEGP_PanelSuite1* panel_suite, AEGP_PanelH panel,
-                                     AEGP_PlatformViewRef container, AEGP_PanelFunctions1* panel_functions,
-                                     AEGP_PanelRefcon* panel_refcon);
+    virtual ADMDialogRef CreatePanel(SPPluginRef plugin, const char* name, ADMInt32 id, AEGP_PanelSuite1* panel_suite,
+                                     AEGP_PanelH panel, AEGP_PlatformViewRef container,
+                                     AEGP_PanelFunctions1* panel_functions, AEGP_PanelRefcon* panel_refcon);
 
     static ASErr InitProc(ADMDialogRef dialog);
     static void NotifyProc(ADMDialogRef dialog, ADMNotifierRef notifier);

@@ -13,12 +13,12 @@ struct NamedColor {
 
 // A dark interface: greys for backgrounds and frames, light grey text.
 constexpr NamedColor kColors[] = {
-    {0, {0x0000, 0x0000, 0x0000}},        // none
-    {1, {0x2f2f, 0x2f2f, 0x2f2f}},        // frame
+    {0, {0x0000, 0x0000, 0x0000}},  // none
+    {1, {0x2f2f, 0x2f2f, 0x2f2f}},  // frame
     {kHostColorText, {0xc8c8, 0xc8c8, 0xc8c8}},
-    {3, {0x7878, 0x7878, 0x7878}},        // disabled text
-    {4, {0x3a3a, 0x3a3a, 0x3a3a}},        // field background
-    {5, {0x2d2d, 0x8c8c, 0xebeb}},        // highlight
+    {3, {0x7878, 0x7878, 0x7878}},  // disabled text
+    {4, {0x3a3a, 0x3a3a, 0x3a3a}},  // field background
+    {5, {0x2d2d, 0x8c8c, 0xebeb}},  // highlight
     {kHostColorPanelBackground, {0x2323, 0x2323, 0x2323}},
 };
 

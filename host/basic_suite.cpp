@@ -68,7 +68,11 @@ SuiteSlot& suiteSlot(State& s, const char* name, int32_t version) {
     }
     const std::string key = suiteKey(name, version);
     const auto counted = s.suite_counts.find(key);
-    slot = SuiteSlot{name, version, name, suiteTable(name, version), s.withheld.count(key) != 0,
+    slot = SuiteSlot{name,
+                     version,
+                     name,
+                     suiteTable(name, version),
+                     s.withheld.count(key) != 0,
                      counted == s.suite_counts.end() ? nullptr : &counted->second};
     return slot;
 }

@@ -108,8 +108,8 @@ A_Err doCommand(AEGP_Command command) {
     return dispatchCommand(*s, command);
 }
 
-const AEGP_CommandSuite1 kSuite{getUniqueCommand,     insertMenuCommand, removeMenuCommand,   setMenuCommandName,
-                                enableCommand,        disableCommand,    checkMarkMenuCommand, doCommand};
+const AEGP_CommandSuite1 kSuite{getUniqueCommand, insertMenuCommand, removeMenuCommand,    setMenuCommandName,
+                                enableCommand,    disableCommand,    checkMarkMenuCommand, doCommand};
 
 }  // namespace
 

@@ -34,9 +34,8 @@ void Host::updateMenus() {
     // A hook may register more hooks; walk by index over what was there when we started.
     const std::vector<detail::UpdateMenuHookEntry> hooks = s.update_menu_hooks;
     for (const auto& h : hooks) {
-        detail::callHook(s, "update menu", [&] {
-            return h.hook(detail::refconOf(s, h.plugin), h.refcon, AEGP_WindowType{0});
-        });
+        detail::callHook(s, "update menu",
+                         [&] { return h.hook(detail::refconOf(s, h.plugin), h.refcon, AEGP_WindowType{0}); });
     }
 }
 
@@ -61,8 +60,7 @@ std::size_t Host::hookCount() const {
     for (const detail::Panel& p : s.panels) {
         panels += p.hook != nullptr ? 1 : 0;
     }
-    return s.command_hooks.size() + s.update_menu_hooks.size() + s.death_hooks.size() + s.idle_hooks.size() +
-           panels;
+    return s.command_hooks.size() + s.update_menu_hooks.size() + s.death_hooks.size() + s.idle_hooks.size() + panels;
 }
 
 }  // namespace host

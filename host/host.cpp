@@ -49,9 +49,7 @@ void Host::replaceProject(Project project) {
     state_->undo_stack.clear();
 }
 
-AEGP_LayerH Host::layerHandle(Id layer) const {
-    return detail::makeHandle<AEGP_LayerH>(layer, detail::Tag::layer);
-}
+AEGP_LayerH Host::layerHandle(Id layer) const { return detail::makeHandle<AEGP_LayerH>(layer, detail::Tag::layer); }
 
 AEGP_CompH Host::compHandle(Id comp) const { return detail::makeHandle<AEGP_CompH>(comp, detail::Tag::comp); }
 

@@ -66,8 +66,8 @@ struct MenuItem {
 // A command as the host dispatched it.
 struct CommandRecord {
     AEGP_Command command = 0;
-    bool handled = false;           // by a hook or by the host itself
-    bool handled_by_host = false;   // the host's own handling ran (e.g. duplicating layers)
+    bool handled = false;          // by a hook or by the host itself
+    bool handled_by_host = false;  // the host's own handling ran (e.g. duplicating layers)
 };
 
 // Suite names as "AEGP Layer Suite/10".
@@ -151,8 +151,8 @@ public:
     const Project* undoBase() const;
 
     // ---- Menus and hooks --------------------------------------------------------------
-    std::vector<MenuItem> menuItems() const;                  // every menu, in menu order
-    const MenuItem* findMenuItem(std::string_view text) const; // null when there is none
+    std::vector<MenuItem> menuItems() const;                    // every menu, in menu order
+    const MenuItem* findMenuItem(std::string_view text) const;  // null when there is none
     const MenuItem* menuItem(AEGP_Command command) const;
     // Calls the update-menu hooks, as before a menu is shown.
     void updateMenus();

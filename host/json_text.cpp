@@ -118,13 +118,27 @@ void JsonText::quoted(std::string_view text) {
     buffer_ += '"';
     for (const char c : text) {
         switch (c) {
-            case '"': buffer_ += "\\\""; break;
-            case '\\': buffer_ += "\\\\"; break;
-            case '\b': buffer_ += "\\b"; break;
-            case '\f': buffer_ += "\\f"; break;
-            case '\n': buffer_ += "\\n"; break;
-            case '\r': buffer_ += "\\r"; break;
-            case '\t': buffer_ += "\\t"; break;
+            case '"':
+                buffer_ += "\\\"";
+                break;
+            case '\\':
+                buffer_ += "\\\\";
+                break;
+            case '\b':
+                buffer_ += "\\b";
+                break;
+            case '\f':
+                buffer_ += "\\f";
+                break;
+            case '\n':
+                buffer_ += "\\n";
+                break;
+            case '\r':
+                buffer_ += "\\r";
+                break;
+            case '\t':
+                buffer_ += "\\t";
+                break;
             default:
                 if (static_cast<unsigned char>(c) < 0x20) {
                     static const char hex[] = "0123456789abcdef";
@@ -157,10 +171,18 @@ void JsonText::document(const nlohmann::json& document) {
             }
             endArray();
             return;
-        case Type::string: value(std::string_view(document.get_ref<const std::string&>())); return;
-        case Type::boolean: value(document.get<bool>()); return;
-        case Type::number_integer: value(document.get<std::int64_t>()); return;
-        case Type::number_float: value(document.get<double>()); return;
+        case Type::string:
+            value(std::string_view(document.get_ref<const std::string&>()));
+            return;
+        case Type::boolean:
+            value(document.get<bool>());
+            return;
+        case Type::number_integer:
+            value(document.get<std::int64_t>());
+            return;
+        case Type::number_float:
+            value(document.get<double>());
+            return;
         default:
             // Unsigned numbers, null and the rest: the library's own text.
             beforeValue();

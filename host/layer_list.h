@@ -120,17 +120,30 @@ public:
     Iter(List* list, std::size_t place) : list_(list), place_(place) {}
     // A mutable iterator converts to a constant one.
     template <bool OtherConst>
-        requires(Const && !OtherConst)
-    Iter(const Iter<OtherConst>& other) : list_(other.list_), place_(other.place_) {}
+    requires(Const && !OtherConst) Iter(const Iter<OtherConst>& other) : list_(other.list_), place_(other.place_) {}
 
     reference operator*() const { return (*list_)[place_]; }
     pointer operator->() const { return &(*list_)[place_]; }
     reference operator[](difference_type n) const { return (*list_)[place_ + static_cast<std::size_t>(n)]; }
 
-    Iter& operator++() { ++place_; return *this; }
-    Iter operator++(int) { Iter old = *this; ++place_; return old; }
-    Iter& operator--() { --place_; return *this; }
-    Iter operator--(int) { Iter old = *this; --place_; return old; }
+    Iter& operator++() {
+        ++place_;
+        return *this;
+    }
+    Iter operator++(int) {
+        Iter old = *this;
+        ++place_;
+        return old;
+    }
+    Iter& operator--() {
+        --place_;
+        return *this;
+    }
+    Iter operator--(int) {
+        Iter old = *this;
+        --place_;
+        return old;
+    }
     Iter& operator+=(difference_type n) {
         place_ = static_cast<std::size_t>(static_cast<difference_type>(place_) + n);
         return *this;

@@ -140,9 +140,9 @@ A_Err duplicateLayer(AEGP_LayerH orig_layer, AEGP_LayerH* duplicate_layer) {
     return A_Err_NONE;
 }
 
-#define ORBISETT_HOST_LAYER_COMMON                                                                      \
-    getCompNumLayers, getCompLayerByIndex, getLayerIndex, getLayerSourceItem, getLayerCurrentTime, \
-        getLayerObjectType, isLayer3D, reorderLayer
+#define ORBISETT_HOST_LAYER_COMMON                                                                                     \
+    getCompNumLayers, getCompLayerByIndex, getLayerIndex, getLayerSourceItem, getLayerCurrentTime, getLayerObjectType, \
+        isLayer3D, reorderLayer
 
 const AEGP_LayerSuite5 kSuite5{ORBISETT_HOST_LAYER_COMMON};
 const AEGP_LayerSuite8 kSuite8{ORBISETT_HOST_LAYER_COMMON};

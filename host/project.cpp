@@ -11,19 +11,30 @@ Id newId() {
     return next++;
 }
 
-bool isOneD(Prop prop) {
-    return prop == Prop::rotate_x || prop == Prop::rotate_y || prop == Prop::rotate_z;
-}
+bool isOneD(Prop prop) { return prop == Prop::rotate_x || prop == Prop::rotate_y || prop == Prop::rotate_z; }
 
 bool propFromStream(AEGP_LayerStream stream, Prop* prop) {
     switch (stream) {
-        case AEGP_LayerStream_POSITION: *prop = Prop::position; return true;
-        case AEGP_LayerStream_SCALE: *prop = Prop::scale; return true;
-        case AEGP_LayerStream_ORIENTATION: *prop = Prop::orientation; return true;
-        case AEGP_LayerStream_ROTATE_X: *prop = Prop::rotate_x; return true;
-        case AEGP_LayerStream_ROTATE_Y: *prop = Prop::rotate_y; return true;
-        case AEGP_LayerStream_ROTATE_Z: *prop = Prop::rotate_z; return true;
-        default: return false;
+        case AEGP_LayerStream_POSITION:
+            *prop = Prop::position;
+            return true;
+        case AEGP_LayerStream_SCALE:
+            *prop = Prop::scale;
+            return true;
+        case AEGP_LayerStream_ORIENTATION:
+            *prop = Prop::orientation;
+            return true;
+        case AEGP_LayerStream_ROTATE_X:
+            *prop = Prop::rotate_x;
+            return true;
+        case AEGP_LayerStream_ROTATE_Y:
+            *prop = Prop::rotate_y;
+            return true;
+        case AEGP_LayerStream_ROTATE_Z:
+            *prop = Prop::rotate_z;
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -101,8 +112,7 @@ int Property::insertKey(const A_Time& time, const Vec3& v) {
     if (existing >= 0) {
         return existing;
     }
-    auto at = std::find_if(keys.begin(), keys.end(),
-                           [&](const Keyframe& k) { return compareTimes(k.time, time) > 0; });
+    auto at = std::find_if(keys.begin(), keys.end(), [&](const Keyframe& k) { return compareTimes(k.time, time) > 0; });
     at = keys.insert(at, Keyframe{time, v});
     return static_cast<int>(at - keys.begin());
 }
@@ -123,7 +133,8 @@ std::size_t FootageIndex::find(const std::vector<Footage>& list, Id id) const {
     }
     // Not where the order puts it: gone, or in a list that is out of order.
     if (checked_size_ != list.size()) {
-        ordered_ = std::is_sorted(list.begin(), list.end(), [](const Footage& a, const Footage& b) { return a.id < b.id; });
+        ordered_ =
+            std::is_sorted(list.begin(), list.end(), [](const Footage& a, const Footage& b) { return a.id < b.id; });
         checked_size_ = list.size();
         visits_ += list.size();
     }

@@ -35,8 +35,8 @@ Layer newLayer(std::string name, AEGP_ObjectType type, bool three_d, Id source =
 // Where a layer lives.
 struct LayerPlace {
     Comp* comp = nullptr;
-    std::size_t index = 0;    // 0-based
-    Layer* found = nullptr;   // the layer itself, as Project::find gives it
+    std::size_t index = 0;   // 0-based
+    Layer* found = nullptr;  // the layer itself, as Project::find gives it
     Layer* layer() const { return found != nullptr ? found : (comp ? &comp->layers[index] : nullptr); }
 };
 

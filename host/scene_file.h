@@ -24,9 +24,9 @@ public:
 
 struct Scene {
     Project project;
-    bool panels = true;                                  // "host"."panels"
+    bool panels = true;                                     // "host"."panels"
     std::vector<std::pair<std::string, int32_t>> withhold;  // "host"."withhold", as name and version
-    nlohmann::json settings;                             // "settings" as it stands; null when absent
+    nlohmann::json settings;                                // "settings" as it stands; null when absent
 };
 
 // Parse `text`; `file_name` is only used in messages. Throws SceneError.

@@ -1,7 +1,7 @@
 // Reading scene files. Everything is checked before anything is used, and every refusal
 // names the file, the JSON path of the place and what is wrong there.
-#include "host/scene_file.h"
 #include "host/host_state.h"
+#include "host/scene_file.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -23,15 +23,23 @@ using nlohmann::json;
 
 const char* typeName(const json& j) {
     switch (j.type()) {
-        case json::value_t::null: return "null";
-        case json::value_t::boolean: return "a boolean";
-        case json::value_t::string: return "a string";
-        case json::value_t::array: return "an array";
-        case json::value_t::object: return "an object";
+        case json::value_t::null:
+            return "null";
+        case json::value_t::boolean:
+            return "a boolean";
+        case json::value_t::string:
+            return "a string";
+        case json::value_t::array:
+            return "an array";
+        case json::value_t::object:
+            return "an object";
         case json::value_t::number_integer:
-        case json::value_t::number_unsigned: return "an integer";
-        case json::value_t::number_float: return "a number";
-        default: return "something else";
+        case json::value_t::number_unsigned:
+            return "an integer";
+        case json::value_t::number_float:
+            return "a number";
+        default:
+            return "something else";
     }
 }
 
@@ -175,8 +183,8 @@ private:
             throw SceneError(file_ + ": not valid JSON: " + plainMessage(e.what()));
         } catch (const json::exception& e) {
             // Number overflow: a number that is not finite once read.
-            throw SceneError(file_ + ": at " + placeOfFailure(input) + ": not a usable number: " +
-                             plainMessage(e.what()));
+            throw SceneError(file_ + ": at " + placeOfFailure(input) +
+                             ": not a usable number: " + plainMessage(e.what()));
         }
     }
 
@@ -303,8 +311,9 @@ private:
         expectType(j, path, json::value_t::object);
         checkKeys(j, path, {"value", "scale"});
         A_Time t;
-        t.value = static_cast<A_long>(readInteger(need(j, path, "value"), member(path, "value"),
-                                                  std::numeric_limits<A_long>::min(), std::numeric_limits<A_long>::max()));
+        t.value =
+            static_cast<A_long>(readInteger(need(j, path, "value"), member(path, "value"),
+                                            std::numeric_limits<A_long>::min(), std::numeric_limits<A_long>::max()));
         t.scale = static_cast<A_u_long>(
             readInteger(need(j, path, "scale"), member(path, "scale"), 1, std::numeric_limits<A_u_long>::max()));
         return t;
@@ -360,7 +369,7 @@ private:
     AEGP_ObjectType readType(const json& j, const std::string& path) const {
         const std::string type = readString(j, path);
         static const std::pair<const char*, AEGP_ObjectType> kTypes[] = {
-            {"av", AEGP_ObjectType_AV},         {"text", AEGP_ObjectType_TEXT},     {"vector", AEGP_ObjectType_VECTOR},
+            {"av", AEGP_ObjectType_AV},         {"text", AEGP_ObjectType_TEXT},   {"vector", AEGP_ObjectType_VECTOR},
             {"camera", AEGP_ObjectType_CAMERA}, {"light", AEGP_ObjectType_LIGHT},
         };
         for (const auto& [name, value] : kTypes) {
@@ -380,8 +389,9 @@ private:
                 ++p;
             }
             if (p == kPropCount) {
-                fail(list, "unknown property (expected position, scale, orientation, rotation_x, rotation_y or "
-                           "rotation_z)");
+                fail(list,
+                     "unknown property (expected position, scale, orientation, rotation_x, rotation_y or "
+                     "rotation_z)");
             }
             const Prop prop = static_cast<Prop>(p);
             expectType(it.value(), list, json::value_t::array);
@@ -425,8 +435,10 @@ private:
         }
         Layer layer = newLayer(name, type, three_d, source);
         layer.scene_number = number;
-        if (j.contains("position")) layer.prop(Prop::position).value = readVec3(j["position"], member(path, "position"));
-        if (j.contains("scale")) layer.prop(Prop::scale).value = readVec3(j["scale"], member(path, "scale"));
+        if (j.contains("position"))
+            layer.prop(Prop::position).value = readVec3(j["position"], member(path, "position"));
+        if (j.contains("scale"))
+            layer.prop(Prop::scale).value = readVec3(j["scale"], member(path, "scale"));
         if (j.contains("orientation")) {
             layer.prop(Prop::orientation).value = readVec3(j["orientation"], member(path, "orientation"));
         }

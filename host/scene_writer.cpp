@@ -15,11 +15,16 @@ namespace {
 
 const char* typeText(AEGP_ObjectType type) {
     switch (type) {
-        case AEGP_ObjectType_TEXT: return "text";
-        case AEGP_ObjectType_VECTOR: return "vector";
-        case AEGP_ObjectType_CAMERA: return "camera";
-        case AEGP_ObjectType_LIGHT: return "light";
-        default: return "av";
+        case AEGP_ObjectType_TEXT:
+            return "text";
+        case AEGP_ObjectType_VECTOR:
+            return "vector";
+        case AEGP_ObjectType_CAMERA:
+            return "camera";
+        case AEGP_ObjectType_LIGHT:
+            return "light";
+        default:
+            return "av";
     }
 }
 

@@ -9,9 +9,7 @@ namespace host::detail {
 
 namespace {
 
-bool validTimeMode(AEGP_LTimeMode mode) {
-    return mode == AEGP_LTimeMode_LayerTime || mode == AEGP_LTimeMode_CompTime;
-}
+bool validTimeMode(AEGP_LTimeMode mode) { return mode == AEGP_LTimeMode_LayerTime || mode == AEGP_LTimeMode_CompTime; }
 
 // The open stream behind a handle, with its layer still alive; null otherwise.
 Stream* streamOf(State& s, AEGP_StreamRefH stream, LayerPlace* place) {

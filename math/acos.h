@@ -8,8 +8,7 @@
 namespace math {
 
 // A normalised dot product can come out a few ulps beyond +-1; the standard function would give NaN.
-inline double acos(double x)
-{
+inline double acos(double x) {
     if (x <= -1.0) {
         return Constant_PI;
     }
@@ -19,4 +18,4 @@ inline double acos(double x)
     return std::acos(x);
 }
 
-} // namespace math
+}  // namespace math

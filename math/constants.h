@@ -13,4 +13,4 @@ inline constexpr double Constant_Almost_Zero = 1e-12;
 // Far enough from any composition to mean "no place".
 inline constexpr double Constant_Nowhere = 1e20;
 
-} // namespace math
+}  // namespace math

@@ -6,19 +6,13 @@ namespace {
 constexpr const char* kUnresolvedResource = "Resource string not implemented";
 }
 
-Exception::Exception(unsigned long resource_id)
-{
-    setMessageFromResource(resource_id);
-}
+Exception::Exception(unsigned long resource_id) { setMessageFromResource(resource_id); }
 
 Exception::~Exception() = default;
 
-void Exception::setMessageFromResource(unsigned long /*resource_id*/)
-{
-    message_ = kUnresolvedResource;
-}
+void Exception::setMessageFromResource(unsigned long /*resource_id*/) { message_ = kUnresolvedResource; }
 
-} // namespace core
+}  // namespace core
 
 namespace math {
 
@@ -31,10 +25,7 @@ MatrixException::~MatrixException() = default;
 VectorInFocusException::VectorInFocusException(unsigned long resource_id) : MatrixException(resource_id) {}
 VectorInFocusException::~VectorInFocusException() = default;
 
-SingularMatrix3DException::SingularMatrix3DException(unsigned long resource_id)
-    : MatrixException(resource_id)
-{
-}
+SingularMatrix3DException::SingularMatrix3DException(unsigned long resource_id) : MatrixException(resource_id) {}
 SingularMatrix3DException::~SingularMatrix3DException() = default;
 
-} // namespace math
+}  // namespace math

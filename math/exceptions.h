@@ -16,8 +16,7 @@ public:
     Exception& operator=(const Exception&) = default;
 
     template <typename... Args>
-    void message(unsigned long resource_id, Args&&...)
-    {
+    void message(unsigned long resource_id, Args&&...) {
         setMessageFromResource(resource_id);
     }
 
@@ -29,7 +28,7 @@ private:
     std::string message_;
 };
 
-} // namespace core
+}  // namespace core
 
 namespace math {
 
@@ -58,4 +57,4 @@ public:
     ~SingularMatrix3DException() override;
 };
 
-} // namespace math
+}  // namespace math

@@ -14,4 +14,4 @@ void SetRand(std::int32_t seed);
 // Advances the state and returns it, always in [0, 2147483647].
 std::int32_t LRand();
 
-} // namespace math
+}  // namespace math

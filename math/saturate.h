@@ -9,8 +9,7 @@ namespace math {
 
 // Truncated toward zero and held within Int's range; NaN gives 0.
 template <class Int>
-Int saturate(double x)
-{
+Int saturate(double x) {
     if (std::isnan(x)) {
         return 0;
     }
@@ -25,4 +24,4 @@ Int saturate(double x)
     return static_cast<Int>(x);
 }
 
-} // namespace math
+}  // namespace math

@@ -22,22 +22,19 @@ public:
 
     // Lengths not above Constant_Almost_Zero (and NaN) count as exactly zero, so callers can test
     // for a degenerate direction with == 0.
-    T Length() const
-    {
+    T Length() const {
         const T s = std::sqrt(x * x + y * y + z * z);
         return Constant_Almost_Zero < s ? s : T(0);
     }
 
-    TGeomVector3D& operator/=(T d)
-    {
+    TGeomVector3D& operator/=(T d) {
         x /= d;
         y /= d;
         z /= d;
         return *this;
     }
 
-    TGeomVector3D& operator*=(T d)
-    {
+    TGeomVector3D& operator*=(T d) {
         x *= d;
         y *= d;
         z *= d;
@@ -45,8 +42,7 @@ public:
     }
 
     // A vector too short to have a direction becomes the zero vector rather than blowing up.
-    void Normalize()
-    {
+    void Normalize() {
         const T length = Length();
         if (length > Constant_Almost_Zero) {
             const T inverse = T(1) / length;
@@ -58,14 +54,12 @@ public:
         }
     }
 
-    TGeomVector3D operator*(const TGeomVector3D& b) const
-    {
+    TGeomVector3D operator*(const TGeomVector3D& b) const {
         return {y * b.z - b.y * z, z * b.x - b.z * x, x * b.y - b.x * y};
     }
 
     // Unsigned angle in [0, pi]; 0 when either vector is (nearly) zero.
-    T operator^(const TGeomVector3D& b) const
-    {
+    T operator^(const TGeomVector3D& b) const {
         // Below the smallest normal float the quotient would be meaningless.
         constexpr T tiny = T(std::numeric_limits<float>::min());
         const T d = std::sqrt((x * x + y * y + z * z) * (b.x * b.x + b.y * b.y + b.z * b.z));
@@ -79,16 +73,14 @@ public:
         return math::acos(p / d);
     }
 
-    TGeomVector3D& operator+=(const TGeomVector3D& b)
-    {
+    TGeomVector3D& operator+=(const TGeomVector3D& b) {
         x += b.x;
         y += b.y;
         z += b.z;
         return *this;
     }
 
-    TGeomVector3D& operator-=(const TGeomVector3D& b)
-    {
+    TGeomVector3D& operator-=(const TGeomVector3D& b) {
         x -= b.x;
         y -= b.y;
         z -= b.z;
@@ -104,17 +96,15 @@ public:
     friend TGeomVector3D operator*(T d, TGeomVector3D v) { return v *= d; }
     friend TGeomVector3D operator/(TGeomVector3D v, T d) { return v /= d; }
 
-    friend bool operator==(const TGeomVector3D& a, const TGeomVector3D& b)
-    {
+    friend bool operator==(const TGeomVector3D& a, const TGeomVector3D& b) {
         return a.x == b.x && a.y == b.y && a.z == b.z;
     }
     friend bool operator!=(const TGeomVector3D& a, const TGeomVector3D& b) { return !(a == b); }
 };
 
 template <typename T>
-T dot(const TGeomVector3D<T>& a, const TGeomVector3D<T>& b)
-{
+T dot(const TGeomVector3D<T>& a, const TGeomVector3D<T>& b) {
     return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
-} // namespace math
+}  // namespace math

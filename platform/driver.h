@@ -14,13 +14,13 @@ namespace platform {
 
 // Why a user action was not carried out. Zero means it was.
 enum : OSStatus {
-  kDriverNoSuchObject = -31000, // the window or control does not exist (any more)
-  kDriverControlHidden = -31001, // the control or one of its containing views is hidden
-  kDriverControlDisabled = -31002,
-  kDriverWindowHidden = -31003, // the control sits in a hidden window
-  kDriverWrongKind = -31004, // the action does not apply to this kind of control
-  kDriverOutOfRange = -31005, // e.g. a popup item that does not exist
-  kDriverNoCloseBox = -31006,
+    kDriverNoSuchObject = -31000,   // the window or control does not exist (any more)
+    kDriverControlHidden = -31001,  // the control or one of its containing views is hidden
+    kDriverControlDisabled = -31002,
+    kDriverWindowHidden = -31003,  // the control sits in a hidden window
+    kDriverWrongKind = -31004,     // the action does not apply to this kind of control
+    kDriverOutOfRange = -31005,    // e.g. a popup item that does not exist
+    kDriverNoCloseBox = -31006,
 };
 
 // A short English description of a driver status (for messages).
@@ -32,9 +32,9 @@ enum class Force { no, yes };
 // The outcome of a user action: whether it was refused and, when an event was sent, the status
 // the handlers returned (eventNotHandledErr when none handled it).
 struct Outcome {
-  OSStatus refused = noErr;
-  OSStatus eventStatus = eventNotHandledErr;
-  bool ok() const { return refused == noErr; }
+    OSStatus refused = noErr;
+    OSStatus eventStatus = eventNotHandledErr;
+    bool ok() const { return refused == noErr; }
 };
 
 // ---- Finding things -------------------------------------------------------
@@ -97,13 +97,13 @@ void disposePanelView(ControlRef view);
 
 // What a drawing context recorded.
 struct FillRecord {
-  CGFloat red = 0, green = 0, blue = 0, alpha = 1;
-  CGRect rect{};
+    CGFloat red = 0, green = 0, blue = 0, alpha = 1;
+    CGRect rect{};
 };
 struct DrawRecord {
-  OSStatus status = eventNotHandledErr; // what the view's handlers returned
-  CGFloat red = 0, green = 0, blue = 0, alpha = 1; // the fill colour last set
-  std::vector<FillRecord> fills; // every filled rectangle with the colour it was filled with
+    OSStatus status = eventNotHandledErr;             // what the view's handlers returned
+    CGFloat red = 0, green = 0, blue = 0, alpha = 1;  // the fill colour last set
+    std::vector<FillRecord> fills;                    // every filled rectangle with the colour it was filled with
 };
 // Sends the view a kEventControlDraw with a fresh recording context as kEventParamCGContextRef
 // and returns what the handlers drew.
@@ -124,7 +124,7 @@ std::vector<Rect> displays();
 void reset();
 // Counts of live objects, to find leaks in tests.
 struct LiveCounts {
-  std::size_t windows = 0, controls = 0, menus = 0, strings = 0, handlers = 0;
+    std::size_t windows = 0, controls = 0, menus = 0, strings = 0, handlers = 0;
 };
 LiveCounts liveCounts();
 
@@ -139,4 +139,4 @@ std::string viewToSvg(ControlRef view);
 // Text made safe inside an XML attribute or element, as the pictures need it.
 std::string escapeXml(std::string_view text);
 
-} // namespace platform
+}  // namespace platform

@@ -16,4 +16,4 @@ std::optional<std::u16string> decode(std::string_view bytes, CFStringEncoding en
 // Encodes UTF-16 text; nothing when a character cannot be represented.
 std::optional<std::string> encode(const std::u16string& chars, CFStringEncoding encoding);
 
-} // namespace platform::detail
+}  // namespace platform::detail

@@ -12,14 +12,14 @@ namespace platform::detail {
 enum class Face { small, mini };
 
 struct FaceMetrics {
-  int pointSize;
-  int lineHeight;
-  int ascent;
-  int toggleBox; // check box or radio button square
-  int toggleGap; // between the square and the title
-  int toggleHeight;
-  int pushHeight;
-  int pushPadding; // on each side of a push button's title
+    int pointSize;
+    int lineHeight;
+    int ascent;
+    int toggleBox;  // check box or radio button square
+    int toggleGap;  // between the square and the title
+    int toggleHeight;
+    int pushHeight;
+    int pushPadding;  // on each side of a push button's title
 };
 
 const FaceMetrics& metricsOf(Face face);
@@ -31,4 +31,4 @@ int lineWidth(const std::u16string& line, Face face);
 // Splits at line breaks (CR, LF or CR LF); wraps at spaces when a width is given.
 std::vector<std::u16string> layoutLines(const std::u16string& text, Face face, int wrapWidth = 0);
 
-} // namespace platform::detail
+}  // namespace platform::detail

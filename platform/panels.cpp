@@ -6,36 +6,35 @@ namespace platform {
 using namespace detail;
 
 ControlRef createPanelView(const Rect& bounds) {
-  ControlRef view = nullptr;
-  registerControl(nullptr, kControlKindUserPane, &bounds, &view, nullptr);
-  return view;
+    ControlRef view = nullptr;
+    registerControl(nullptr, kControlKindUserPane, &bounds, &view, nullptr);
+    return view;
 }
 
 void showPanelView(ControlRef view, bool visible) {
-  if (visible) {
-    ShowControl(view);
-  } else {
-    HideControl(view);
-  }
+    if (visible) {
+        ShowControl(view);
+    } else {
+        HideControl(view);
+    }
 }
 
-void disposePanelView(ControlRef view) {
-  disposeControlTree(liveControl(view));
-}
+void disposePanelView(ControlRef view) { disposeControlTree(liveControl(view)); }
 
 DrawRecord drawView(ControlRef view) {
-  std::shared_ptr<OpaqueControlRef> c = sharedControl(view);
-  if (!c) return DrawRecord{};
-  CGContextRef context = createRecordingContext();
-  EventRef event = newEvent(kEventClassControl, kEventControlDraw);
-  setParam(event, kEventParamDirectObject, typeControlRef, &view, sizeof view);
-  setParam(event, kEventParamCGContextRef, typeCGContextRef, &context, sizeof context);
-  OSStatus status = dispatch(event, &c->target);
-  ReleaseEvent(event);
-  DrawRecord record = recordedDrawing(context);
-  record.status = status;
-  releaseRecordingContext(context);
-  return record;
+    std::shared_ptr<OpaqueControlRef> c = sharedControl(view);
+    if (!c)
+        return DrawRecord{};
+    CGContextRef context = createRecordingContext();
+    EventRef event = newEvent(kEventClassControl, kEventControlDraw);
+    setParam(event, kEventParamDirectObject, typeControlRef, &view, sizeof view);
+    setParam(event, kEventParamCGContextRef, typeCGContextRef, &context, sizeof context);
+    OSStatus status = dispatch(event, &c->target);
+    ReleaseEvent(event);
+    DrawRecord record = recordedDrawing(context);
+    record.status = status;
+    releaseRecordingContext(context);
+    return record;
 }
 
-} // namespace platform
+}  // namespace platform

@@ -31,12 +31,11 @@ typedef unsigned char Style;
 typedef SInt16 ScriptCode;
 typedef double CGFloat;
 typedef double EventTime;
-typedef const unsigned char* ConstStr255Param; // length-prefixed (Pascal) string
+typedef const unsigned char* ConstStr255Param;  // length-prefixed (Pascal) string
 
 // Builds a four-character code from its characters, first character in the high byte.
-#define PLATFORM_FOUR_CHAR_CODE(a, b, c, d)                                          \
-  ((UInt32)(UInt8)(a) << 24 | (UInt32)(UInt8)(b) << 16 | (UInt32)(UInt8)(c) << 8 | \
-   (UInt32)(UInt8)(d))
+#define PLATFORM_FOUR_CHAR_CODE(a, b, c, d) \
+    ((UInt32)(UInt8)(a) << 24 | (UInt32)(UInt8)(b) << 16 | (UInt32)(UInt8)(c) << 8 | (UInt32)(UInt8)(d))
 
 typedef struct OpaqueWindowPtr* WindowRef;
 typedef struct OpaqueControlRef* ControlRef;
@@ -77,96 +76,96 @@ typedef UInt16 ControlBevelButtonMenuPlacement;
 typedef SInt16 ControlContentType;
 
 struct Rect {
-  short top;
-  short left;
-  short bottom;
-  short right;
+    short top;
+    short left;
+    short bottom;
+    short right;
 };
 
 struct Point {
-  short v;
-  short h;
+    short v;
+    short h;
 };
 
 struct CGPoint {
-  CGFloat x;
-  CGFloat y;
+    CGFloat x;
+    CGFloat y;
 };
 
 struct CGSize {
-  CGFloat width;
-  CGFloat height;
+    CGFloat width;
+    CGFloat height;
 };
 
 struct CGRect {
-  CGPoint origin;
-  CGSize size;
+    CGPoint origin;
+    CGSize size;
 };
 
 typedef CGRect HIRect;
 
 struct RGBColor {
-  unsigned short red;
-  unsigned short green;
-  unsigned short blue;
+    unsigned short red;
+    unsigned short green;
+    unsigned short blue;
 };
 
 struct ControlFontStyleRec {
-  SInt16 flags;
-  SInt16 font;
-  SInt16 size;
-  SInt16 style;
-  SInt16 mode;
-  SInt16 just;
-  RGBColor foreColor;
-  RGBColor backColor;
+    SInt16 flags;
+    SInt16 font;
+    SInt16 size;
+    SInt16 style;
+    SInt16 mode;
+    SInt16 just;
+    RGBColor foreColor;
+    RGBColor backColor;
 };
 
 struct ControlKind {
-  OSType signature;
-  OSType kind;
+    OSType signature;
+    OSType kind;
 };
 
 struct ControlID {
-  OSType signature;
-  SInt32 id;
+    OSType signature;
+    SInt32 id;
 };
 typedef ControlID HIViewID;
 
 struct EventTypeSpec {
-  UInt32 eventClass;
-  UInt32 eventKind;
+    UInt32 eventClass;
+    UInt32 eventKind;
 };
 
 struct HICommand {
-  UInt32 attributes;
-  UInt32 commandID;
-  struct {
-    MenuRef menuRef;
-    MenuItemIndex menuItemIndex;
-  } menu;
+    UInt32 attributes;
+    UInt32 commandID;
+    struct {
+        MenuRef menuRef;
+        MenuItemIndex menuItemIndex;
+    } menu;
 };
 
 struct HICommandExtended {
-  UInt32 attributes;
-  UInt32 commandID;
-  union {
-    ControlRef control;
-    WindowRef window;
-    struct {
-      MenuRef menuRef;
-      MenuItemIndex menuItemIndex;
-    } menu;
-  } source;
+    UInt32 attributes;
+    UInt32 commandID;
+    union {
+        ControlRef control;
+        WindowRef window;
+        struct {
+            MenuRef menuRef;
+            MenuItemIndex menuItemIndex;
+        } menu;
+    } source;
 };
 
 struct ControlButtonContentInfo {
-  ControlContentType contentType;
-  union {
-    SInt16 resID;
-    void* iconRef;
-    void* imageRef;
-  } u;
+    ControlContentType contentType;
+    union {
+        SInt16 resID;
+        void* iconRef;
+        void* imageRef;
+    } u;
 };
 typedef ControlButtonContentInfo* ControlButtonContentInfoPtr;
 
@@ -175,16 +174,15 @@ typedef GDevice* GDPtr;
 typedef GDPtr* GDHandle;
 
 struct GDevice {
-  SInt16 gdRefNum;
-  SInt16 gdID;
-  SInt16 gdType;
-  SInt16 gdFlags;
-  Rect gdRect;
-  GDHandle gdNextGD;
+    SInt16 gdRefNum;
+    SInt16 gdID;
+    SInt16 gdType;
+    SInt16 gdFlags;
+    Rect gdRect;
+    GDHandle gdNextGD;
 };
 
-typedef OSStatus (*EventHandlerProcPtr)(EventHandlerCallRef inHandlerCallRef, EventRef inEvent,
-                                        void* inUserData);
+typedef OSStatus (*EventHandlerProcPtr)(EventHandlerCallRef inHandlerCallRef, EventRef inEvent, void* inUserData);
 typedef EventHandlerProcPtr EventHandlerUPP;
 
 // ---------------------------------------------------------------------------
@@ -193,223 +191,223 @@ typedef EventHandlerProcPtr EventHandlerUPP;
 
 // Status codes.
 enum : OSStatus {
-  noErr = 0,
-  paramErr = -50,
-  memFullErr = -108,
-  errInvalidWindowRef = -5600,
-  eventInternalErr = -9868,
-  eventParameterNotFoundErr = -9870,
-  eventNotHandledErr = -9874,
-  errDataNotSupported = -30583,
-  errUnknownControl = -30584,
-  errRootAlreadyExists = -30595,
-  errDataSizeMismatch = -30598,
-  errNoRootControl = -30600,
-  kFMInvalidFontFamilyErr = -985,
-  errAECoercionFail = -1700,
+    noErr = 0,
+    paramErr = -50,
+    memFullErr = -108,
+    errInvalidWindowRef = -5600,
+    eventInternalErr = -9868,
+    eventParameterNotFoundErr = -9870,
+    eventNotHandledErr = -9874,
+    errDataNotSupported = -30583,
+    errUnknownControl = -30584,
+    errRootAlreadyExists = -30595,
+    errDataSizeMismatch = -30598,
+    errNoRootControl = -30600,
+    kFMInvalidFontFamilyErr = -985,
+    errAECoercionFail = -1700,
 };
 
 // Event classes, kinds, parameters and parameter types.
 enum : UInt32 {
-  kEventClassMouse = PLATFORM_FOUR_CHAR_CODE('m', 'o', 'u', 's'),
-  kEventClassKeyboard = PLATFORM_FOUR_CHAR_CODE('k', 'e', 'y', 'b'),
-  kEventClassWindow = PLATFORM_FOUR_CHAR_CODE('w', 'i', 'n', 'd'),
-  kEventClassControl = PLATFORM_FOUR_CHAR_CODE('c', 'n', 't', 'l'),
-  kEventClassCommand = PLATFORM_FOUR_CHAR_CODE('c', 'm', 'd', 's'),
-  kEventClassMenu = PLATFORM_FOUR_CHAR_CODE('m', 'e', 'n', 'u'),
+    kEventClassMouse = PLATFORM_FOUR_CHAR_CODE('m', 'o', 'u', 's'),
+    kEventClassKeyboard = PLATFORM_FOUR_CHAR_CODE('k', 'e', 'y', 'b'),
+    kEventClassWindow = PLATFORM_FOUR_CHAR_CODE('w', 'i', 'n', 'd'),
+    kEventClassControl = PLATFORM_FOUR_CHAR_CODE('c', 'n', 't', 'l'),
+    kEventClassCommand = PLATFORM_FOUR_CHAR_CODE('c', 'm', 'd', 's'),
+    kEventClassMenu = PLATFORM_FOUR_CHAR_CODE('m', 'e', 'n', 'u'),
 };
 
 enum : UInt32 {
-  kEventWindowCloseRequested = 72,
-  kEventWindowClose = 72,
-  kEventWindowClosed = 73,
-  kEventControlDraw = 4,
-  kEventControlValueFieldChanged = 151,
-  kEventControlDispose = 1001,
-  kEventCommandProcess = 1,
+    kEventWindowCloseRequested = 72,
+    kEventWindowClose = 72,
+    kEventWindowClosed = 73,
+    kEventControlDraw = 4,
+    kEventControlValueFieldChanged = 151,
+    kEventControlDispose = 1001,
+    kEventCommandProcess = 1,
 };
 
 enum : UInt32 {
-  kEventParamDirectObject = PLATFORM_FOUR_CHAR_CODE('-', '-', '-', '-'),
-  kEventParamCGContextRef = PLATFORM_FOUR_CHAR_CODE('c', 'n', 't', 'x'),
-  typeHICommand = PLATFORM_FOUR_CHAR_CODE('h', 'c', 'm', 'd'),
-  typeCGContextRef = PLATFORM_FOUR_CHAR_CODE('c', 'n', 't', 'x'),
-  typeWindowRef = PLATFORM_FOUR_CHAR_CODE('w', 'i', 'n', 'd'),
-  typeControlRef = PLATFORM_FOUR_CHAR_CODE('c', 't', 'r', 'l'),
-  typeWildCard = PLATFORM_FOUR_CHAR_CODE('*', '*', '*', '*'),
+    kEventParamDirectObject = PLATFORM_FOUR_CHAR_CODE('-', '-', '-', '-'),
+    kEventParamCGContextRef = PLATFORM_FOUR_CHAR_CODE('c', 'n', 't', 'x'),
+    typeHICommand = PLATFORM_FOUR_CHAR_CODE('h', 'c', 'm', 'd'),
+    typeCGContextRef = PLATFORM_FOUR_CHAR_CODE('c', 'n', 't', 'x'),
+    typeWindowRef = PLATFORM_FOUR_CHAR_CODE('w', 'i', 'n', 'd'),
+    typeControlRef = PLATFORM_FOUR_CHAR_CODE('c', 't', 'r', 'l'),
+    typeWildCard = PLATFORM_FOUR_CHAR_CODE('*', '*', '*', '*'),
 };
 
 enum : EventAttributes {
-  kEventAttributeNone = 0,
+    kEventAttributeNone = 0,
 };
 
 // Sources of an HICommand.
 enum : UInt32 {
-  kHICommandFromMenu = 1,
-  kHICommandFromControl = 2,
-  kHICommandFromWindow = 4,
+    kHICommandFromMenu = 1,
+    kHICommandFromControl = 2,
+    kHICommandFromWindow = 4,
 };
 
 // Window regions.
 enum : WindowRegionCode {
-  kWindowStructureRgn = 32,
-  kWindowContentRgn = 33,
+    kWindowStructureRgn = 32,
+    kWindowContentRgn = 33,
 };
 
 // Window classes.
 enum : WindowClass {
-  kAlertWindowClass = 1,
-  kMovableAlertWindowClass = 2,
-  kModalWindowClass = 3,
-  kMovableModalWindowClass = 4,
-  kFloatingWindowClass = 5,
-  kDocumentWindowClass = 6,
+    kAlertWindowClass = 1,
+    kMovableAlertWindowClass = 2,
+    kModalWindowClass = 3,
+    kMovableModalWindowClass = 4,
+    kFloatingWindowClass = 5,
+    kDocumentWindowClass = 6,
 };
 
 // Window attribute bits.
 enum : WindowAttributes {
-  kWindowNoAttributes = 0,
-  kWindowCloseBoxAttribute = 1u << 0,
-  kWindowHorizontalZoomAttribute = 1u << 1,
-  kWindowVerticalZoomAttribute = 1u << 2,
-  kWindowFullZoomAttribute = (1u << 1) | (1u << 2),
-  kWindowCollapseBoxAttribute = 1u << 3,
-  kWindowResizableAttribute = 1u << 4,
-  kWindowSideTitlebarAttribute = 1u << 5,
-  kWindowCompositingAttribute = 1u << 19,
-  kWindowStandardHandlerAttribute = 1u << 25,
+    kWindowNoAttributes = 0,
+    kWindowCloseBoxAttribute = 1u << 0,
+    kWindowHorizontalZoomAttribute = 1u << 1,
+    kWindowVerticalZoomAttribute = 1u << 2,
+    kWindowFullZoomAttribute = (1u << 1) | (1u << 2),
+    kWindowCollapseBoxAttribute = 1u << 3,
+    kWindowResizableAttribute = 1u << 4,
+    kWindowSideTitlebarAttribute = 1u << 5,
+    kWindowCompositingAttribute = 1u << 19,
+    kWindowStandardHandlerAttribute = 1u << 25,
 };
 
 // Theme brushes, fonts and draw states.
 enum : ThemeBrush {
-  kThemeBrushDialogBackgroundActive = 1,
+    kThemeBrushDialogBackgroundActive = 1,
 };
 
 enum : ThemeFontID {
-  kThemeSystemFont = 0,
-  kThemeSmallSystemFont = 1,
-  kThemeSmallEmphasizedSystemFont = 2,
-  kThemeMiniSystemFont = 109,
-  kThemeCurrentPortFont = 200,
+    kThemeSystemFont = 0,
+    kThemeSmallSystemFont = 1,
+    kThemeSmallEmphasizedSystemFont = 2,
+    kThemeMiniSystemFont = 109,
+    kThemeCurrentPortFont = 200,
 };
 
 enum : ThemeDrawState {
-  kThemeStateInactive = 0,
-  kThemeStateActive = 1,
-  kThemeStatePressed = 2,
+    kThemeStateInactive = 0,
+    kThemeStateActive = 1,
+    kThemeStatePressed = 2,
 };
 
 enum : ScriptCode {
-  smSystemScript = -1,
+    smSystemScript = -1,
 };
 
 // Control kinds.
 enum : OSType {
-  kControlKindSignatureApple = PLATFORM_FOUR_CHAR_CODE('a', 'p', 'p', 'l'),
-  kControlKindGroupBox = PLATFORM_FOUR_CHAR_CODE('g', 'r', 'p', 'b'),
-  kControlKindBevelButton = PLATFORM_FOUR_CHAR_CODE('b', 'e', 'v', 'l'),
-  kControlKindIcon = PLATFORM_FOUR_CHAR_CODE('i', 'c', 'o', 'n'),
-  kControlKindPopupButton = PLATFORM_FOUR_CHAR_CODE('p', 'o', 'p', 'b'),
-  kControlKindCheckBox = PLATFORM_FOUR_CHAR_CODE('c', 'b', 'o', 'x'),
-  kControlKindEditText = PLATFORM_FOUR_CHAR_CODE('e', 't', 'x', 't'),
-  kControlKindEditUnicodeText = PLATFORM_FOUR_CHAR_CODE('e', 'u', 't', 'x'),
-  kControlKindPushButton = PLATFORM_FOUR_CHAR_CODE('p', 'u', 's', 'h'),
-  kControlKindRadioButton = PLATFORM_FOUR_CHAR_CODE('r', 'd', 'i', 'o'),
-  kControlKindStaticText = PLATFORM_FOUR_CHAR_CODE('s', 't', 'x', 't'),
-  kControlKindUserPane = PLATFORM_FOUR_CHAR_CODE('u', 'p', 'a', 'n'),
-  kControlKindRoot = PLATFORM_FOUR_CHAR_CODE('r', 'o', 'o', 't'),
+    kControlKindSignatureApple = PLATFORM_FOUR_CHAR_CODE('a', 'p', 'p', 'l'),
+    kControlKindGroupBox = PLATFORM_FOUR_CHAR_CODE('g', 'r', 'p', 'b'),
+    kControlKindBevelButton = PLATFORM_FOUR_CHAR_CODE('b', 'e', 'v', 'l'),
+    kControlKindIcon = PLATFORM_FOUR_CHAR_CODE('i', 'c', 'o', 'n'),
+    kControlKindPopupButton = PLATFORM_FOUR_CHAR_CODE('p', 'o', 'p', 'b'),
+    kControlKindCheckBox = PLATFORM_FOUR_CHAR_CODE('c', 'b', 'o', 'x'),
+    kControlKindEditText = PLATFORM_FOUR_CHAR_CODE('e', 't', 'x', 't'),
+    kControlKindEditUnicodeText = PLATFORM_FOUR_CHAR_CODE('e', 'u', 't', 'x'),
+    kControlKindPushButton = PLATFORM_FOUR_CHAR_CODE('p', 'u', 's', 'h'),
+    kControlKindRadioButton = PLATFORM_FOUR_CHAR_CODE('r', 'd', 'i', 'o'),
+    kControlKindStaticText = PLATFORM_FOUR_CHAR_CODE('s', 't', 'x', 't'),
+    kControlKindUserPane = PLATFORM_FOUR_CHAR_CODE('u', 'p', 'a', 'n'),
+    kControlKindRoot = PLATFORM_FOUR_CHAR_CODE('r', 'o', 'o', 't'),
 };
 
 // Control data tags.
 enum : ResType {
-  kControlEditTextCFStringTag = PLATFORM_FOUR_CHAR_CODE('c', 'f', 's', 't'),
-  kControlEditTextTextTag = PLATFORM_FOUR_CHAR_CODE('t', 'e', 'x', 't'),
-  kControlStaticTextCFStringTag = PLATFORM_FOUR_CHAR_CODE('c', 'f', 's', 't'),
-  kControlStaticTextTextTag = PLATFORM_FOUR_CHAR_CODE('t', 'e', 'x', 't'),
-  kControlStaticTextIsMultilineTag = PLATFORM_FOUR_CHAR_CODE('s', 't', 'i', 'm'),
-  kControlPopupButtonOwnedMenuRefTag = PLATFORM_FOUR_CHAR_CODE('o', 'm', 'r', 'f'),
-  kControlPopupButtonMenuRefTag = PLATFORM_FOUR_CHAR_CODE('m', 'h', 'a', 'n'),
-  kControlSizeTag = PLATFORM_FOUR_CHAR_CODE('s', 'i', 'z', 'e'),
-  kControlFontStyleTag = PLATFORM_FOUR_CHAR_CODE('f', 'o', 'n', 't'),
+    kControlEditTextCFStringTag = PLATFORM_FOUR_CHAR_CODE('c', 'f', 's', 't'),
+    kControlEditTextTextTag = PLATFORM_FOUR_CHAR_CODE('t', 'e', 'x', 't'),
+    kControlStaticTextCFStringTag = PLATFORM_FOUR_CHAR_CODE('c', 'f', 's', 't'),
+    kControlStaticTextTextTag = PLATFORM_FOUR_CHAR_CODE('t', 'e', 'x', 't'),
+    kControlStaticTextIsMultilineTag = PLATFORM_FOUR_CHAR_CODE('s', 't', 'i', 'm'),
+    kControlPopupButtonOwnedMenuRefTag = PLATFORM_FOUR_CHAR_CODE('o', 'm', 'r', 'f'),
+    kControlPopupButtonMenuRefTag = PLATFORM_FOUR_CHAR_CODE('m', 'h', 'a', 'n'),
+    kControlSizeTag = PLATFORM_FOUR_CHAR_CODE('s', 'i', 'z', 'e'),
+    kControlFontStyleTag = PLATFORM_FOUR_CHAR_CODE('f', 'o', 'n', 't'),
 };
 
 enum : ControlPartCode {
-  kControlEntireControl = 0,
-  kControlNoPart = 0,
-  kControlEditTextPart = 5,
+    kControlEntireControl = 0,
+    kControlNoPart = 0,
+    kControlEditTextPart = 5,
 };
 
 enum : ControlSize {
-  kControlSizeNormal = 0,
-  kControlSizeSmall = 1,
-  kControlSizeLarge = 2,
-  kControlSizeMini = 3,
+    kControlSizeNormal = 0,
+    kControlSizeSmall = 1,
+    kControlSizeLarge = 2,
+    kControlSizeMini = 3,
 };
 
 // Font-style flags and the meta fonts a style may name.
 enum : SInt16 {
-  kControlUseFontMask = 0x0001,
-  kControlUseFaceMask = 0x0002,
-  kControlUseSizeMask = 0x0004,
-  kControlUseForeColorMask = 0x0008,
-  kControlUseBackColorMask = 0x0010,
-  kControlUseModeMask = 0x0020,
-  kControlUseJustMask = 0x0040,
-  kControlAddFontSizeMask = 0x0100,
-  kControlAddToMetaFontMask = 0x0200,
+    kControlUseFontMask = 0x0001,
+    kControlUseFaceMask = 0x0002,
+    kControlUseSizeMask = 0x0004,
+    kControlUseForeColorMask = 0x0008,
+    kControlUseBackColorMask = 0x0010,
+    kControlUseModeMask = 0x0020,
+    kControlUseJustMask = 0x0040,
+    kControlAddFontSizeMask = 0x0100,
+    kControlAddToMetaFontMask = 0x0200,
 };
 
 enum : SInt16 {
-  kControlFontBigSystemFont = -1,
-  kControlFontSmallSystemFont = -2,
-  kControlFontSmallBoldSystemFont = -3,
-  kControlFontViewSystemFont = -4,
-  kControlFontMiniSystemFont = -5,
+    kControlFontBigSystemFont = -1,
+    kControlFontSmallSystemFont = -2,
+    kControlFontSmallBoldSystemFont = -3,
+    kControlFontViewSystemFont = -4,
+    kControlFontMiniSystemFont = -5,
 };
 
 // Bevel buttons, icon content, popups.
 enum : UInt16 {
-  kControlBevelButtonSmallBevel = 0,
-  kControlBevelButtonNormalBevel = 1,
-  kControlBevelButtonLargeBevel = 2,
-  kControlBehaviorPushbutton = 0,
-  kControlBevelButtonMenuOnBottom = 0,
+    kControlBevelButtonSmallBevel = 0,
+    kControlBevelButtonNormalBevel = 1,
+    kControlBevelButtonLargeBevel = 2,
+    kControlBehaviorPushbutton = 0,
+    kControlBevelButtonMenuOnBottom = 0,
 };
 
 enum : ControlContentType {
-  kControlContentTextOnly = 0,
-  kControlNoContent = 0,
+    kControlContentTextOnly = 0,
+    kControlNoContent = 0,
 };
 
 enum : SInt16 {
-  teFlushDefault = 0,
-  teFlushLeft = -2,
+    teFlushDefault = 0,
+    teFlushLeft = -2,
 };
 
 enum : MenuAttributes {
-  kMenuAttrNone = 0,
+    kMenuAttrNone = 0,
 };
 
 enum : MenuItemAttributes {
-  kMenuItemAttrIgnoreMeta = 1u << 8,
+    kMenuItemAttrIgnoreMeta = 1u << 8,
 };
 
 // Font families known to the font manager.
 enum : FMFontFamily {
-  kInvalidFontFamily = -1,
-  kFontIDGeneva = 3,
-  kFontIDMonaco = 4,
-  kFontIDTimes = 20,
-  kFontIDHelvetica = 21,
-  kFontIDCourier = 22,
+    kInvalidFontFamily = -1,
+    kFontIDGeneva = 3,
+    kFontIDMonaco = 4,
+    kFontIDTimes = 20,
+    kFontIDHelvetica = 21,
+    kFontIDCourier = 22,
 };
 
 // String encodings.
 enum : CFStringEncoding {
-  kCFStringEncodingMacRoman = 0,
-  kCFStringEncodingISOLatin1 = 0x0201,
-  kCFStringEncodingASCII = 0x0600,
-  kCFStringEncodingUTF8 = 0x08000100,
+    kCFStringEncodingMacRoman = 0,
+    kCFStringEncodingISOLatin1 = 0x0201,
+    kCFStringEncodingASCII = 0x0600,
+    kCFStringEncodingUTF8 = 0x08000100,
 };
 
 #define kCFAllocatorDefault ((CFAllocatorRef) nullptr)
@@ -421,18 +419,16 @@ enum : CFStringEncoding {
 extern "C" {
 
 // Strings. A created or copied string is owned by the caller (release it with CFRelease).
-CFStringRef CFStringCreateWithCString(CFAllocatorRef alloc, const char* cStr,
-                                      CFStringEncoding encoding);
-Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSize,
-                           CFStringEncoding encoding);
+CFStringRef CFStringCreateWithCString(CFAllocatorRef alloc, const char* cStr, CFStringEncoding encoding);
+Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSize, CFStringEncoding encoding);
 CFIndex CFStringGetLength(CFStringRef theString);
 CFTypeRef CFRetain(CFTypeRef cf);
 void CFRelease(CFTypeRef cf);
 CFIndex CFGetRetainCount(CFTypeRef cf);
 
 // Windows.
-OSStatus CreateNewWindow(WindowClass windowClass, WindowAttributes attributes,
-                         const Rect* contentBounds, WindowRef* outWindow);
+OSStatus CreateNewWindow(WindowClass windowClass, WindowAttributes attributes, const Rect* contentBounds,
+                         WindowRef* outWindow);
 void DisposeWindow(WindowRef window);
 OSStatus SetThemeWindowBackground(WindowRef inWindow, ThemeBrush inBrush, Boolean inUpdate);
 void SetPortWindowPort(WindowRef window);
@@ -454,8 +450,7 @@ OSStatus GetWindowAttributes(WindowRef window, WindowAttributes* outAttributes);
 EventHandlerUPP NewEventHandlerUPP(EventHandlerProcPtr userRoutine);
 void DisposeEventHandlerUPP(EventHandlerUPP userUPP);
 OSStatus InstallEventHandler(EventTargetRef inTarget, EventHandlerUPP inHandler, ItemCount inNumTypes,
-                             const EventTypeSpec* inList, void* inUserData,
-                             EventHandlerRef* outRef);
+                             const EventTypeSpec* inList, void* inUserData, EventHandlerRef* outRef);
 OSStatus RemoveEventHandler(EventHandlerRef inHandlerRef);
 EventTargetRef GetWindowEventTarget(WindowRef inWindow);
 EventTargetRef GetControlEventTarget(ControlRef inControl);
@@ -463,55 +458,47 @@ EventTargetRef GetApplicationEventTarget(void);
 UInt32 GetEventClass(EventRef inEvent);
 UInt32 GetEventKind(EventRef inEvent);
 OSStatus GetEventParameter(EventRef inEvent, EventParamName inName, EventParamType inDesiredType,
-                           EventParamType* outActualType, ByteCount inBufferSize,
-                           ByteCount* outActualSize, void* outData);
+                           EventParamType* outActualType, ByteCount inBufferSize, ByteCount* outActualSize,
+                           void* outData);
 OSStatus CreateEvent(CFAllocatorRef inAllocator, UInt32 inClassID, UInt32 inKind, EventTime inWhen,
                      EventAttributes inAttributes, EventRef* outEvent);
-OSStatus SetEventParameter(EventRef inEvent, EventParamName inName, EventParamType inType,
-                           ByteCount inSize, const void* inDataPtr);
+OSStatus SetEventParameter(EventRef inEvent, EventParamName inName, EventParamType inType, ByteCount inSize,
+                           const void* inDataPtr);
 EventRef RetainEvent(EventRef inEvent);
 void ReleaseEvent(EventRef inEvent);
 OSStatus SendEventToEventTarget(EventRef inEvent, EventTargetRef inTarget);
 OSStatus CallNextEventHandler(EventHandlerCallRef inCallRef, EventRef inEvent);
 
 // Controls. A null window makes a control that belongs to the view it is later added to.
-OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
-                               Boolean primary, ControlRef* outControl);
+OSStatus CreateGroupBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title, Boolean primary,
+                               ControlRef* outControl);
 OSStatus CreateBevelButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
-                                  ControlBevelThickness thickness,
-                                  ControlBevelButtonBehavior behavior,
+                                  ControlBevelThickness thickness, ControlBevelButtonBehavior behavior,
                                   ControlButtonContentInfoPtr info, SInt16 menuID,
                                   ControlBevelButtonMenuBehavior menuBehavior,
-                                  ControlBevelButtonMenuPlacement menuPlacement,
+                                  ControlBevelButtonMenuPlacement menuPlacement, ControlRef* outControl);
+OSStatus CreateIconControl(WindowRef inWindow, const Rect* inBounds, const ControlButtonContentInfo* inIconContent,
+                           Boolean inDontTrack, ControlRef* outControl);
+OSStatus CreatePopupButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title, SInt16 menuID,
+                                  Boolean variableWidth, SInt16 titleWidth, SInt16 titleJustification, Style titleStyle,
                                   ControlRef* outControl);
-OSStatus CreateIconControl(WindowRef inWindow, const Rect* inBounds,
-                           const ControlButtonContentInfo* inIconContent, Boolean inDontTrack,
-                           ControlRef* outControl);
-OSStatus CreatePopupButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
-                                  SInt16 menuID, Boolean variableWidth, SInt16 titleWidth,
-                                  SInt16 titleJustification, Style titleStyle,
-                                  ControlRef* outControl);
-OSStatus CreateCheckBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
-                               SInt32 initialValue, Boolean autoToggle, ControlRef* outControl);
-OSStatus CreateEditUnicodeTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
-                                      Boolean isPassword, const ControlFontStyleRec* style,
-                                      ControlRef* outControl);
-OSStatus CreatePushButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
-                                 ControlRef* outControl);
-OSStatus CreateRadioButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title,
-                                  SInt32 initialValue, Boolean autoToggle, ControlRef* outControl);
+OSStatus CreateCheckBoxControl(WindowRef window, const Rect* boundsRect, CFStringRef title, SInt32 initialValue,
+                               Boolean autoToggle, ControlRef* outControl);
+OSStatus CreateEditUnicodeTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text, Boolean isPassword,
+                                      const ControlFontStyleRec* style, ControlRef* outControl);
+OSStatus CreatePushButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title, ControlRef* outControl);
+OSStatus CreateRadioButtonControl(WindowRef window, const Rect* boundsRect, CFStringRef title, SInt32 initialValue,
+                                  Boolean autoToggle, ControlRef* outControl);
 OSStatus CreateStaticTextControl(WindowRef window, const Rect* boundsRect, CFStringRef text,
                                  const ControlFontStyleRec* style, ControlRef* outControl);
 void DisposeControl(ControlRef theControl);
 WindowRef GetControlOwner(ControlRef inControl);
 
 // Control data: text tags take and return a CFStringRef (the caller releases what it gets back).
-OSErr SetControlData(ControlRef inControl, ControlPartCode inPart, ResType inTagName, Size inSize,
-                     const void* inData);
-OSErr GetControlData(ControlRef inControl, ControlPartCode inPart, ResType inTagName,
-                     Size inBufferSize, void* inBuffer, Size* outActualSize);
-OSErr GetControlDataSize(ControlRef inControl, ControlPartCode inPart, ResType inTagName,
-                         Size* outMaxSize);
+OSErr SetControlData(ControlRef inControl, ControlPartCode inPart, ResType inTagName, Size inSize, const void* inData);
+OSErr GetControlData(ControlRef inControl, ControlPartCode inPart, ResType inTagName, Size inBufferSize, void* inBuffer,
+                     Size* outActualSize);
+OSErr GetControlDataSize(ControlRef inControl, ControlPartCode inPart, ResType inTagName, Size* outMaxSize);
 OSErr SetControlFontStyle(ControlRef inControl, const ControlFontStyleRec* inStyle);
 OSStatus SetControlCommandID(ControlRef inControl, UInt32 inCommandID);
 OSStatus GetControlCommandID(ControlRef inControl, UInt32* outCommandID);
@@ -559,17 +546,15 @@ void DisposeMenu(MenuRef theMenu);
 OSStatus RetainMenu(MenuRef inMenu);
 OSStatus ReleaseMenu(MenuRef inMenu);
 MenuID GetMenuID(MenuRef menu);
-OSStatus InsertMenuItemTextWithCFString(MenuRef inMenu, CFStringRef inString,
-                                        MenuItemIndex inAfterItem, MenuItemAttributes inAttributes,
-                                        MenuCommand inCommandID);
+OSStatus InsertMenuItemTextWithCFString(MenuRef inMenu, CFStringRef inString, MenuItemIndex inAfterItem,
+                                        MenuItemAttributes inAttributes, MenuCommand inCommandID);
 OSStatus SetMenuItemTextWithCFString(MenuRef inMenu, MenuItemIndex inItem, CFStringRef inString);
 void DeleteMenuItem(MenuRef theMenu, MenuItemIndex item);
 UInt16 CountMenuItems(MenuRef theMenu);
 OSStatus CopyMenuItemTextAsCFString(MenuRef inMenu, MenuItemIndex inItem, CFStringRef* outString);
 
 // Drawing.
-void CGContextSetRGBFillColor(CGContextRef c, CGFloat red, CGFloat green, CGFloat blue,
-                              CGFloat alpha);
+void CGContextSetRGBFillColor(CGContextRef c, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
 void CGContextFillRect(CGContextRef c, CGRect rect);
 
 // Fonts and displays.
@@ -579,4 +564,4 @@ GDHandle GetMainDevice(void);
 GDHandle GetNextDevice(GDHandle curDevice);
 Boolean PtInRect(Point pt, const Rect* r);
 
-} // extern "C"
+}  // extern "C"

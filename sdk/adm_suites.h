@@ -14,10 +14,10 @@ struct ADMBasicSuite8 {
 struct ADMDialogSuite9 {
     ADMDialogRef (*Create)(SPPluginRef plugin, const char* name, ADMInt32 dialog_id, ADMDialogStyle style,
                            ADMDialogInitProc init_proc, ADMUserData user_data, ADMInt32 options);
-    ADMDialogRef (*CreatePanel)(SPPluginRef plugin, const char* name, ADMInt32 dialog_id,
-                                ADMDialogInitProc init_proc, ADMUserData user_data, AEGP_PanelSuite1* panel_suite,
-                                AEGP_PanelH panel, AEGP_PlatformViewRef container,
-                                AEGP_PanelFunctions1* out_panel_functions, AEGP_PanelRefcon* out_panel_refcon);
+    ADMDialogRef (*CreatePanel)(SPPluginRef plugin, const char* name, ADMInt32 dialog_id, ADMDialogInitProc init_proc,
+                                ADMUserData user_data, AEGP_PanelSuite1* panel_suite, AEGP_PanelH panel,
+                                AEGP_PlatformViewRef container, AEGP_PanelFunctions1* out_panel_functions,
+                                AEGP_PanelRefcon* out_panel_refcon);
     void (*Destroy)(ADMDialogRef dialog);
     void (*SetNotifyProc)(ADMDialogRef dialog, ADMDialogNotifyProc proc);
     void (*SetDestroyProc)(ADMDialogRef dialog, ADMDialogDestroyProc proc);

@@ -1,5 +1,5 @@
 // The host interface as the plug-in sees it.
 #pragma once
 
-#include "host_types.h"
 #include "host_suites.h"
+#include "host_types.h"

@@ -21,9 +21,8 @@ struct SPBasicSuite {
 };
 
 // Hooks.
-typedef A_Err (*AEGP_CommandHook)(AEGP_GlobalRefcon plugin_refcon, AEGP_CommandRefcon refcon,
-                                  AEGP_Command command, AEGP_HookPriority hook_priority,
-                                  A_Boolean already_handled, A_Boolean* handled);
+typedef A_Err (*AEGP_CommandHook)(AEGP_GlobalRefcon plugin_refcon, AEGP_CommandRefcon refcon, AEGP_Command command,
+                                  AEGP_HookPriority hook_priority, A_Boolean already_handled, A_Boolean* handled);
 typedef A_Err (*AEGP_UpdateMenuHook)(AEGP_GlobalRefcon plugin_refcon, AEGP_UpdateMenuRefcon refcon,
                                      AEGP_WindowType active_window);
 typedef A_Err (*AEGP_DeathHook)(AEGP_GlobalRefcon plugin_refcon, AEGP_DeathRefcon refcon);
@@ -43,9 +42,8 @@ typedef A_Err (*AEGP_CreatePanelHook)(AEGP_GlobalRefcon plugin_refcon, AEGP_Crea
                                       AEGP_PanelFunctions1* out_function_table, AEGP_PanelRefcon* out_refcon);
 
 // The exported entry point.
-typedef A_Err (*AEGP_PluginInitFuncPrototype)(SPBasicSuite* pica_basic, A_long major_version,
-                                              A_long minor_version, const A_char* file_path,
-                                              const A_char* res_path, AEGP_PluginID plugin_id,
+typedef A_Err (*AEGP_PluginInitFuncPrototype)(SPBasicSuite* pica_basic, A_long major_version, A_long minor_version,
+                                              const A_char* file_path, const A_char* res_path, AEGP_PluginID plugin_id,
                                               AEGP_GlobalRefcon* global_refcon);
 #define ORBISETT_ENTRY_POINT_NAME "PluginEntry"
 
@@ -76,8 +74,8 @@ typedef A_Err (*AEGP_PluginInitFuncPrototype)(SPBasicSuite* pica_basic, A_long m
 #define kPFAppSuiteVersion2 2
 
 struct AEGP_RegisterSuite1 {
-    A_Err (*AEGP_RegisterCommandHook)(AEGP_PluginID plugin_id, AEGP_HookPriority priority,
-                                      AEGP_Command command, AEGP_CommandHook hook, AEGP_CommandRefcon refcon);
+    A_Err (*AEGP_RegisterCommandHook)(AEGP_PluginID plugin_id, AEGP_HookPriority priority, AEGP_Command command,
+                                      AEGP_CommandHook hook, AEGP_CommandRefcon refcon);
     A_Err (*AEGP_RegisterUpdateMenuHook)(AEGP_PluginID plugin_id, AEGP_UpdateMenuHook hook,
                                          AEGP_UpdateMenuRefcon refcon);
     A_Err (*AEGP_RegisterDeathHook)(AEGP_PluginID plugin_id, AEGP_DeathHook hook, AEGP_DeathRefcon refcon);
@@ -86,8 +84,7 @@ struct AEGP_RegisterSuite1 {
 
 struct AEGP_CommandSuite1 {
     A_Err (*AEGP_GetUniqueCommand)(AEGP_Command* unique_command);
-    A_Err (*AEGP_InsertMenuCommand)(AEGP_Command command, const A_char* name, AEGP_MenuID menu_id,
-                                    A_long after_item);
+    A_Err (*AEGP_InsertMenuCommand)(AEGP_Command command, const A_char* name, AEGP_MenuID menu_id, A_long after_item);
     A_Err (*AEGP_RemoveMenuCommand)(AEGP_Command command);
     A_Err (*AEGP_SetMenuCommandName)(AEGP_Command command, const A_char* name);
     A_Err (*AEGP_EnableCommand)(AEGP_Command command);
@@ -106,8 +103,7 @@ struct AEGP_CollectionSuite1 {
     A_Err (*AEGP_NewCollection)(AEGP_PluginID plugin_id, AEGP_CollectionH* collection);
     A_Err (*AEGP_DisposeCollection)(AEGP_CollectionH collection);
     A_Err (*AEGP_GetCollectionNumItems)(AEGP_CollectionH collection, A_u_long* num_items);
-    A_Err (*AEGP_GetCollectionItemByIndex)(AEGP_CollectionH collection, A_u_long index,
-                                           AEGP_CollectionItemV1* item);
+    A_Err (*AEGP_GetCollectionItemByIndex)(AEGP_CollectionH collection, A_u_long index, AEGP_CollectionItemV1* item);
     A_Err (*AEGP_CollectionPushBack)(AEGP_CollectionH collection, const AEGP_CollectionItemV1* item);
 };
 
@@ -126,14 +122,14 @@ struct AEGP_ItemSuite3 {
 };
 
 // The layer functions every offered version of the layer suite has.
-#define ORBISETT_LAYER_SUITE_COMMON_FUNCTIONS                                                        \
-    A_Err (*AEGP_GetCompNumLayers)(AEGP_CompH comp, A_long* num_layers);                             \
-    A_Err (*AEGP_GetCompLayerByIndex)(AEGP_CompH comp, A_long layer_index, AEGP_LayerH* layer);     \
-    A_Err (*AEGP_GetLayerIndex)(AEGP_LayerH layer, A_long* layer_index);                             \
-    A_Err (*AEGP_GetLayerSourceItem)(AEGP_LayerH layer, AEGP_ItemH* source_item);                    \
-    A_Err (*AEGP_GetLayerCurrentTime)(AEGP_LayerH layer, AEGP_LTimeMode time_mode, A_Time* time);    \
-    A_Err (*AEGP_GetLayerObjectType)(AEGP_LayerH layer, AEGP_ObjectType* object_type);               \
-    A_Err (*AEGP_IsLayer3D)(AEGP_LayerH layer, A_Boolean* is_3d);                                    \
+#define ORBISETT_LAYER_SUITE_COMMON_FUNCTIONS                                                      \
+    A_Err (*AEGP_GetCompNumLayers)(AEGP_CompH comp, A_long * num_layers);                          \
+    A_Err (*AEGP_GetCompLayerByIndex)(AEGP_CompH comp, A_long layer_index, AEGP_LayerH * layer);   \
+    A_Err (*AEGP_GetLayerIndex)(AEGP_LayerH layer, A_long * layer_index);                          \
+    A_Err (*AEGP_GetLayerSourceItem)(AEGP_LayerH layer, AEGP_ItemH * source_item);                 \
+    A_Err (*AEGP_GetLayerCurrentTime)(AEGP_LayerH layer, AEGP_LTimeMode time_mode, A_Time * time); \
+    A_Err (*AEGP_GetLayerObjectType)(AEGP_LayerH layer, AEGP_ObjectType * object_type);            \
+    A_Err (*AEGP_IsLayer3D)(AEGP_LayerH layer, A_Boolean * is_3d);                                 \
     A_Err (*AEGP_ReorderLayer)(AEGP_LayerH layer, A_long new_index);
 
 struct AEGP_LayerSuite5 {

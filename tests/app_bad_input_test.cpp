@@ -13,8 +13,7 @@ using nlohmann::json;
 class BadInput : public apptest::ToolTest {};
 
 // The names of every property value in a written scene that is not a finite number.
-std::vector<std::string> unusableValues(const json& scene)
-{
+std::vector<std::string> unusableValues(const json& scene) {
     std::vector<std::string> bad;
     for (const json& layer : scene["layers"]) {
         for (const char* prop : {"position", "scale", "orientation", "rotation"}) {
@@ -39,8 +38,7 @@ std::vector<std::string> unusableValues(const json& scene)
     return bad;
 }
 
-TEST_F(BadInput, HugeFiniteValuesGiveFiniteResultsInEveryMode)
-{
+TEST_F(BadInput, HugeFiniteValuesGiveFiniteResultsInEveryMode) {
     json s = cardScene(4);
     s["layers"][0]["scale"] = {1e308, 1e308, 1e308};
     s["layers"][1]["position"] = {1.7e308, -1.7e308, 1e308};
@@ -72,8 +70,7 @@ TEST_F(BadInput, HugeFiniteValuesGiveFiniteResultsInEveryMode)
     }
 }
 
-TEST_F(BadInput, TenThousandLayersAreAllArranged)
-{
+TEST_F(BadInput, TenThousandLayersAreAllArranged) {
     const apptest::ToolRun r = run({writeScene("many.json", cardScene(10000, 20, 10)), "--set",
                                     "CHECK_DISTRIBUTE_EVENLY=on", "--out", path("after.json")});
     ASSERT_EQ(r.status, 0) << r.err;

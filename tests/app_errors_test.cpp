@@ -17,8 +17,7 @@ using nlohmann::json;
 class Refusals : public apptest::ToolTest {
 protected:
     // Runs with outputs asked for and checks the refusal; returns the message without its prefix.
-    std::string refused(std::vector<std::string> args, const std::string& input = "")
-    {
+    std::string refused(std::vector<std::string> args, const std::string& input = "") {
         for (const auto& [option, name] : {std::pair{"--preview", "preview.png"}, std::pair{"--dialog", "dialog.svg"},
                                            std::pair{"--json-report", "report.json"}}) {
             args.push_back(option);
@@ -40,8 +39,7 @@ protected:
 
 // The messages themselves are the settings', the scene reader's and the command line's (their own
 // tests); here each kind ends the run with status 2, one line and no output.
-TEST_F(Refusals, SettingsScenesCommandLinesAndModules)
-{
+TEST_F(Refusals, SettingsScenesCommandLinesAndModules) {
     EXPECT_EQ(refused({scene(), "--set", "EDIT_DIM_Y=12mm"}).rfind("--set EDIT_DIM_Y=12mm: ", 0), 0u);
     json s = cardScene(2);
     s["settings"] = {{"RADIO_OUTWARD", false}};
@@ -53,27 +51,28 @@ TEST_F(Refusals, SettingsScenesCommandLinesAndModules)
         layer["three_d"] = false;
     }
     EXPECT_EQ(refused({writeScene("flat.json", s)}),
-              path("flat.json") + ": the \"Orbisett\" menu item is disabled: the selection holds no 3D footage, text "
-                                  "or shape layer");
+              path("flat.json") +
+                  ": the \"Orbisett\" menu item is disabled: the selection holds no 3D footage, text "
+                  "or shape layer");
     EXPECT_EQ(refused({scene(), "--plugin", path("nowhere.so")}), "--plugin " + path("nowhere.so") + ": no such file");
     std::ofstream(path("fake.so")) << "not a module";
-    EXPECT_EQ(refused({scene(), "--plugin", path("fake.so")}).rfind(
-                  "--plugin " + path("fake.so") + ": cannot load the module: ", 0),
+    EXPECT_EQ(refused({scene(), "--plugin", path("fake.so")})
+                  .rfind("--plugin " + path("fake.so") + ": cannot load the module: ", 0),
               0u);
 }
 
 // Fails: a module whose start-up fails, and an "Apply" that stops at a suite the host withholds.
 class Failures : public apptest::ToolTest {};
 
-TEST_F(Failures, FailuresBeforeTheDialogWriteNothingAndAStoppedApplyIsReportedWithWhatItRefused)
-{
+TEST_F(Failures, FailuresBeforeTheDialogWriteNothingAndAStoppedApplyIsReportedWithWhatItRefused) {
     const std::pair<const char*, std::string> cases[] = {
         {"AEGP Register Suite/1",
          "orbisett-host: the plug-in's start-up failed with error 1\n"
          "orbisett-host: the host stopped an exception from the plug-in's entry hook: int 516\n"},
         // The command hook's error is kept by the host as its alert.
-        {"AEGP Comp Suite/4", "orbisett-host: choosing \"Orbisett\" failed with error 516\n"
-                              "orbisett-host: the host reported: The command \"Orbisett\" failed: error 516.\n"},
+        {"AEGP Comp Suite/4",
+         "orbisett-host: choosing \"Orbisett\" failed with error 516\n"
+         "orbisett-host: the host reported: The command \"Orbisett\" failed: error 516.\n"},
     };
     for (const auto& [suite, message] : cases) {
         json s = cardScene(2);
@@ -86,11 +85,12 @@ TEST_F(Failures, FailuresBeforeTheDialogWriteNothingAndAStoppedApplyIsReportedWi
     }
     json s = cardScene(3);
     s["host"]["withhold"] = {"AEGP Stream Suite/4"};
-    const apptest::ToolRun r = run({writeScene("s.json", s), "--out", path("after.json"), "--json-report",
-                                    path("report.json")});
+    const apptest::ToolRun r =
+        run({writeScene("s.json", s), "--out", path("after.json"), "--json-report", path("report.json")});
     EXPECT_EQ(r.status, 3);
-    EXPECT_EQ(r.err, "orbisett-host: \"Apply\" failed: the host refused AcquireSuite AEGP Stream Suite/4 (error 13); "
-                     "0 of 3 selected layers were written\n");
+    EXPECT_EQ(r.err,
+              "orbisett-host: \"Apply\" failed: the host refused AcquireSuite AEGP Stream Suite/4 (error 13); "
+              "0 of 3 selected layers were written\n");
     // The run is still described, and its files written: they show what the host was left with.
     EXPECT_NE(r.out.find("Summary"), std::string::npos);
     const json report = json::parse(apptest::readFile(path("report.json")));
@@ -102,8 +102,7 @@ TEST_F(Failures, FailuresBeforeTheDialogWriteNothingAndAStoppedApplyIsReportedWi
 class AllOrNothing : public apptest::ToolTest {
 protected:
     const std::string before = "{\"kept\": true}\n";
-    std::vector<std::string> leftovers() const
-    {
+    std::vector<std::string> leftovers() const {
         std::vector<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(dir())) {
             if (entry.path().filename().string().front() == '.') {
@@ -114,8 +113,7 @@ protected:
     }
 };
 
-TEST_F(AllOrNothing, AFailingLaterOutputLeavesTheEarlierFileAsItWas)
-{
+TEST_F(AllOrNothing, AFailingLaterOutputLeavesTheEarlierFileAsItWas) {
     const std::string ok = path("ok.json");
     std::ofstream(ok, std::ios::binary) << before;
     const std::string scene = writeScene("s.json", cardScene(2));
@@ -142,8 +140,7 @@ TEST_F(AllOrNothing, AFailingLaterOutputLeavesTheEarlierFileAsItWas)
     EXPECT_EQ(written.st_mode & 0777, 0666 & ~mask);
 }
 
-TEST_F(AllOrNothing, APipeNamedAsAnOutputIsWrittenToNotReplaced)
-{
+TEST_F(AllOrNothing, APipeNamedAsAnOutputIsWrittenToNotReplaced) {
     ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
     const int reader = ::open(path("pipe").c_str(), O_RDONLY | O_NONBLOCK);
     ASSERT_GE(reader, 0);

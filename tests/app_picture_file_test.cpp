@@ -20,8 +20,7 @@ struct Decoded {
     std::uint32_t at(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
 };
 
-Decoded decodePng(const std::string& png)
-{
+Decoded decodePng(const std::string& png) {
     struct Reader {
         const std::string* bytes;
         std::size_t at = 0;
@@ -51,11 +50,11 @@ Decoded decodePng(const std::string& png)
     return d;
 }
 
-TEST(PictureFile, PngIsTheSvgRenderedAtItsSizeAndTheEndingChoosesTheFormat)
-{
-    const std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"30\">"
-                            "<rect width=\"40\" height=\"30\" fill=\"#f6f7f9\"/>"
-                            "<rect x=\"10\" y=\"5\" width=\"20\" height=\"10\" fill=\"#a9cbef\"/></svg>";
+TEST(PictureFile, PngIsTheSvgRenderedAtItsSizeAndTheEndingChoosesTheFormat) {
+    const std::string svg =
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"30\">"
+        "<rect width=\"40\" height=\"30\" fill=\"#f6f7f9\"/>"
+        "<rect x=\"10\" y=\"5\" width=\"20\" height=\"10\" fill=\"#a9cbef\"/></svg>";
     const std::string png = app::pictureBytes(svg, app::PictureFormat::png);
     EXPECT_EQ(png.substr(1, 3), "PNG");
     const Decoded d = decodePng(png);
@@ -74,8 +73,7 @@ TEST(PictureFile, PngIsTheSvgRenderedAtItsSizeAndTheEndingChoosesTheFormat)
 
 class PictureFiles : public apptest::ToolTest {};
 
-TEST_F(PictureFiles, ToolWritesPngsOfThePicturesSizeAndRefusesOtherEndings)
-{
+TEST_F(PictureFiles, ToolWritesPngsOfThePicturesSizeAndRefusesOtherEndings) {
     ASSERT_EQ(run({"--preview", path("p.png"), "--dialog", path("d.png")}).status, 0);
     ASSERT_EQ(run({"--dialog", path("d.svg")}).status, 0);
     const Decoded preview = decodePng(apptest::readFile(path("p.png")));
@@ -104,16 +102,19 @@ TEST_F(PictureFiles, ToolWritesPngsOfThePicturesSizeAndRefusesOtherEndings)
     EXPECT_FALSE(std::filesystem::exists(path("p.jpg")));
 }
 
-TEST_F(PictureFiles, NoPictureHoldsANumberThatIsNotFinite)
-{
+TEST_F(PictureFiles, NoPictureHoldsANumberThatIsNotFinite) {
     json wild = cardScene(6);
     wild["layers"][0]["scale"] = {1e300, 1e300, 100};
     wild["layers"][1]["position"] = {1e308, -1e308, 1e308};
     wild["layers"][2]["orientation"] = {1e300, 0, 0};
     wild["layers"][3]["scale"] = {0, 0, 0};
     wild["layers"][4]["scale"] = {-100, 100, 100};
-    wild["layers"].push_back({{"name", "Words"}, {"type", "text"}, {"three_d", true}, {"selected", true},
-                              {"position", {0, 0, 0}}, {"scale", {100, 100, 100}}});
+    wild["layers"].push_back({{"name", "Words"},
+                              {"type", "text"},
+                              {"three_d", true},
+                              {"selected", true},
+                              {"position", {0, 0, 0}},
+                              {"scale", {100, 100, 100}}});
     const std::string wild_scene = writeScene("wild.json", wild);
     const std::string cards = writeScene("cards.json", cardScene(9));
     const std::vector<std::vector<std::string>> scenarios{

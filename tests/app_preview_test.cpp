@@ -24,15 +24,13 @@ using app::operator-;
 
 constexpr double kTight = 1e-12;
 
-void expectNear(const Vec3& actual, const Vec3& expected, double tolerance = kTight)
-{
+void expectNear(const Vec3& actual, const Vec3& expected, double tolerance = kTight) {
     EXPECT_NEAR(actual.x, expected.x, tolerance);
     EXPECT_NEAR(actual.y, expected.y, tolerance);
     EXPECT_NEAR(actual.z, expected.z, tolerance);
 }
 
-TEST(LayerTurn, RightHandedXThenYThenZOrientationBeforeRotations)
-{
+TEST(LayerTurn, RightHandedXThenYThenZOrientationBeforeRotations) {
     expectNear(app::turnXYZ({0, 1, 0}, {90, 0, 0}), {0, 0, 1});
     expectNear(app::turnXYZ({0, 0, 1}, {0, 90, 0}), {1, 0, 0});
     expectNear(app::turnXYZ({1, 0, 0}, {0, 0, 90}), {0, 1, 0});
@@ -48,14 +46,12 @@ TEST(LayerTurn, RightHandedXThenYThenZOrientationBeforeRotations)
 }
 
 // The outward normal at angle phi around the cylinder, in the host frame.
-Vec3 outward(double phi_degrees)
-{
+Vec3 outward(double phi_degrees) {
     const double phi = phi_degrees * M_PI / 180.0;
     return {std::sin(phi), 0, -std::cos(phi)};
 }
 
-TEST(LayerTurn, OrientationNumbersOfTheCylinderFaceOutward)
-{
+TEST(LayerTurn, OrientationNumbersOfTheCylinderFaceOutward) {
     // The numbers written for places on the front half, the sides and the back half; unturned, a
     // layer faces the viewer.
     expectNear(app::faceNormal({-0.0, -0.0, -0.0}, {}), outward(0));
@@ -69,8 +65,7 @@ TEST(LayerTurn, OrientationNumbersOfTheCylinderFaceOutward)
     expectNear(app::faceNormal({-0.0, 180, -0.0}, {}), outward(180));
 }
 
-TEST(PlacedRectangle, AnchorAtTheCentreScaledMovedAndTurned)
-{
+TEST(PlacedRectangle, AnchorAtTheCentreScaledMovedAndTurned) {
     const app::PlacedLayer p = app::placeRectangle(400, 300, {960, 540, 0}, {50, 200, 100}, {}, {});
     expectNear(p.corners[0], {860, 240, 0});
     expectNear(p.corners[1], {1060, 240, 0});
@@ -87,8 +82,7 @@ TEST(PlacedRectangle, AnchorAtTheCentreScaledMovedAndTurned)
     }
 }
 
-TEST(PlacedRectangle, NormalFromTheCornersMatchesTheTurnedFaceNormal)
-{
+TEST(PlacedRectangle, NormalFromTheCornersMatchesTheTurnedFaceNormal) {
     const Vec3 orientations[] = {{10, 20, 30}, {-180, 33, -180}, {75, -120, 5}, {0, 270, 0}};
     const Vec3 rotations[] = {{0, 0, 0}, {5, -10, 15}, {90, 0, 0}, {0, 0, -45}};
     for (const Vec3& o : orientations) {
@@ -99,8 +93,7 @@ TEST(PlacedRectangle, NormalFromTheCornersMatchesTheTurnedFaceNormal)
     }
 }
 
-TEST(PreviewCamera, ProjectsOntoThePlaneAtDistanceOneAndARaisedCameraLooksDownOnTheCentre)
-{
+TEST(PreviewCamera, ProjectsOntoThePlaneAtDistanceOneAndARaisedCameraLooksDownOnTheCentre) {
     const app::Camera camera = app::cameraLookingAt({0, 0, -10}, {0, 0, 0});
     const app::Projected q = app::project(camera, {1, 2, 0});
     EXPECT_NEAR(q.x, 0.1, kTight);
@@ -120,8 +113,7 @@ TEST(PreviewCamera, ProjectsOntoThePlaneAtDistanceOneAndARaisedCameraLooksDownOn
     EXPECT_LT(app::project(raised, {960, 40, 0}).y, 0);
 }
 
-host::Project cardsProject()
-{
+host::Project cardsProject() {
     host::Project project;
     const host::Id comp = project.addComp("Main", 1920, 1080);
     const host::Id footage = project.addFootage("card", 400, 300);
@@ -138,8 +130,7 @@ host::Project cardsProject()
     return project;
 }
 
-host::Layer& layerNamed(host::Project& project, const std::string& name)
-{
+host::Layer& layerNamed(host::Project& project, const std::string& name) {
     for (host::Layer& layer : project.comps.front().layers) {
         if (layer.name == name) {
             return layer;
@@ -150,15 +141,13 @@ host::Layer& layerNamed(host::Project& project, const std::string& name)
 
 // The picture of a project as it stands, with no "Apply" step: framed on the selected layers
 // and the dialog's box.
-app::Preview picture(const host::Project& project, const nlohmann::json& settings = nlohmann::json::object())
-{
+app::Preview picture(const host::Project& project, const nlohmann::json& settings = nlohmann::json::object()) {
     host::Host host;
     host.replaceProject(project);
     return app::drawPreview(host.project(), app::readRunOutcome(project, host, settings));
 }
 
-std::size_t count(const std::string& text, const std::string& what)
-{
+std::size_t count(const std::string& text, const std::string& what) {
     std::size_t n = 0;
     for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) {
         ++n;
@@ -167,15 +156,13 @@ std::size_t count(const std::string& text, const std::string& what)
 }
 
 // The text of one layer's group.
-std::string group(const std::string& svg, const std::string& name)
-{
+std::string group(const std::string& svg, const std::string& name) {
     const std::size_t begin = svg.find("<g data-layer=\"" + name + "\"");
     return begin == std::string::npos ? std::string() : svg.substr(begin, svg.find("</g>", begin) - begin);
 }
 
 // The numbers of every points="..." list, in order.
-std::vector<double> pointNumbers(const std::string& svg)
-{
+std::vector<double> pointNumbers(const std::string& svg) {
     std::vector<double> numbers;
     const std::regex number("-?[0-9]+(\\.[0-9]+)?");
     const std::regex points("points=\"([^\"]*)\"");
@@ -189,15 +176,13 @@ std::vector<double> pointNumbers(const std::string& svg)
 }
 
 // No attribute that holds numbers holds anything but finite ones.
-void expectOnlyFiniteNumbers(const std::string& svg)
-{
+void expectOnlyFiniteNumbers(const std::string& svg) {
     const std::regex numeric("(points|x|y|font-size|stroke-width|opacity|data-[a-z-]+)=\"[^\"]*(nan|inf)",
                              std::regex::icase);
     EXPECT_FALSE(std::regex_search(svg, numeric));
 }
 
-TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceBackToFrontWithItsNameAndShadedBackFaces)
-{
+TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceBackToFrontWithItsNameAndShadedBackFaces) {
     const std::string svg = picture(cardsProject()).svg;
     EXPECT_EQ(count(svg, "<polygon"), 3u);
     EXPECT_EQ(count(svg, "<title>Near</title>"), 1u);
@@ -211,8 +196,7 @@ TEST(PreviewPicture, DrawsEvery3DSurfaceLayerOnceBackToFrontWithItsNameAndShaded
     EXPECT_EQ(count(svg, "data-face=\"back\""), 1u);
 }
 
-TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbersAndItsCentreAgainstTheCompositionsFrame)
-{
+TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbersAndItsCentreAgainstTheCompositionsFrame) {
     const std::string svg = picture(cardsProject(), {{"EDIT_DIM_X", 800.3}, {"EDIT_DIM_Y", 600}}).svg;
     EXPECT_NE(svg.find("data-surface=\"cylinder\" data-centre=\"960 540 0\" data-half-x=\"" +
                        app::exactNumber(static_cast<double>(800.3f * 0.5f)) +
@@ -228,8 +212,9 @@ TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbersAndItsCentreAgainstThe
     const std::string b = picture(cardsProject(), corner).svg;
     // The composition's centre and the surface's centre are marked by crosses: one place when the
     // surface sits at the composition's centre, two places when it does not.
-    const std::regex cross("<polyline points=\"([-0-9.]+),([-0-9.]+) [-0-9.]+,([-0-9.]+)\" fill=\"none\" "
-                           "stroke=\"#(aab2bd|8a94a3)\" stroke-width=\"1.2\"");
+    const std::regex cross(
+        "<polyline points=\"([-0-9.]+),([-0-9.]+) [-0-9.]+,([-0-9.]+)\" fill=\"none\" "
+        "stroke=\"#(aab2bd|8a94a3)\" stroke-width=\"1.2\"");
     auto centres = [&](const std::string& svg) {
         std::set<std::pair<double, double>> at;
         for (auto it = std::sregex_iterator(svg.begin(), svg.end(), cross); it != std::sregex_iterator(); ++it) {
@@ -244,12 +229,11 @@ TEST(PreviewPicture, OutlinesTheSurfaceWithItsExactNumbersAndItsCentreAgainstThe
     EXPECT_NE(b.find("centre (0, 0, 0)"), std::string::npos);
 }
 
-TEST(PreviewPicture, FarLayersAreListedInsteadOfShrinkingThePicture)
-{
+TEST(PreviewPicture, FarLayersAreListedInsteadOfShrinkingThePicture) {
     host::Project project = cardsProject();
     const std::string alone = picture(project).svg;
-    const host::Id far_away = project.addLayer(project.comps.front().id, "Far away", AEGP_ObjectType_AV, true,
-                                               project.footage.front().id);
+    const host::Id far_away =
+        project.addLayer(project.comps.front().id, "Far away", AEGP_ObjectType_AV, true, project.footage.front().id);
     project.layer(far_away)->prop(host::Prop::position).value = {5e6, 540, 0};
     const app::Preview with_far = picture(project);
     // The same picture of the rest, to the pixel; the far layer named, not drawn.
@@ -279,8 +263,7 @@ TEST(PreviewPicture, FarLayersAreListedInsteadOfShrinkingThePicture)
     EXPECT_NEAR(0.5 * (left + right), 600, 1);
 }
 
-TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed)
-{
+TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed) {
     host::Project project = cardsProject();
     layerNamed(project, "Near").prop(host::Prop::scale).value = {1e300, 1e300, 100};
     layerNamed(project, "Far").prop(host::Prop::position).value = {1e308, 0, 0};
@@ -292,8 +275,7 @@ TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed)
     expectOnlyFiniteNumbers(p.svg);
 }
 
-TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFaceAndLayersWithoutASourceAsDashedOutlines)
-{
+TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFaceAndLayersWithoutASourceAsDashedOutlines) {
     host::Project project = cardsProject();
     layerNamed(project, "Turned").prop(host::Prop::orientation).value = {0, 90, 0};  // edge-on to the camera
     layerNamed(project, "Far").name = "A name far too long to fit on any card of this size";
@@ -314,8 +296,7 @@ TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFaceAndLayersWithoutASourceAsDas
     EXPECT_NE(t.find(">Title</text>"), std::string::npos);
 }
 
-TEST(PreviewPicture, ANameANearerFaceCoversIsLeftOut)
-{
+TEST(PreviewPicture, ANameANearerFaceCoversIsLeftOut) {
     // Far's name, half hidden, would read as another name; moved clear of it, it is drawn.
     host::Project project = cardsProject();
     layerNamed(project, "Near").prop(host::Prop::position).value = {1200, 300, -400};
@@ -324,8 +305,7 @@ TEST(PreviewPicture, ANameANearerFaceCoversIsLeftOut)
     EXPECT_NE(group(picture(project).svg, "Far").find(">Far</text>"), std::string::npos);
 }
 
-TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled)
-{
+TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled) {
     host::Project project;
     const host::Id comp = project.addComp("Big", 1920, 1080);
     const host::Id footage = project.addFootage("card", 100, 80);
@@ -356,8 +336,7 @@ TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled)
     EXPECT_EQ(width[1], "1.2");
 }
 
-TEST(PreviewScene, SettingsAndLayerSizesAsThePluginReadsThem)
-{
+TEST(PreviewScene, SettingsAndLayerSizesAsThePluginReadsThem) {
     // Edit values clamped to their fields' ranges; controls missing take their initial values. The
     // numbers as given, and a source's size, show in the outline's and the page data's numbers.
     const nlohmann::json settings{{"EDIT_DIM_X", 0}, {"EDIT_DIM_Y", 2e8}};
@@ -371,13 +350,11 @@ TEST(PreviewScene, SettingsAndLayerSizesAsThePluginReadsThem)
     EXPECT_EQ(app::layerSize(project, main, text), (std::array<double, 2>{1920, 1080}));
 }
 
-Vec3 corner(const nlohmann::json& corners, int i)
-{
+Vec3 corner(const nlohmann::json& corners, int i) {
     return {corners[3 * i].get<double>(), corners[3 * i + 1].get<double>(), corners[3 * i + 2].get<double>()};
 }
 
-TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndTheScript)
-{
+TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndTheScript) {
     host::Project before = cardsProject();
     before.comps.front().layers[0].scene_number = 1;
     host::Project after = before;
@@ -419,8 +396,7 @@ TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndThe
     EXPECT_EQ(embedded["layers"][0]["name"], "</script><script>alert(1)</script><!--");
 }
 
-TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom)
-{
+TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom) {
     host::Project project = cardsProject();
     host::Comp& comp = project.comps.front();
     // The default camera sees the composition's width under 39.6 degrees.

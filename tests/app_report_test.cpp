@@ -11,8 +11,7 @@ class Report : public apptest::ToolTest {
 protected:
     // The warning lines of a run, as printed; checks that the JSON report lists the same.
     std::vector<std::string> warnings(const json& scene, const std::vector<std::string>& sets,
-                                      const std::vector<std::string>& more = {})
-    {
+                                      const std::vector<std::string>& more = {}) {
         std::vector<std::string> args{writeScene("s.json", scene), "--json-report", path("report.json")};
         args.insert(args.end(), more.begin(), more.end());
         for (const std::string& s : sets) {
@@ -39,8 +38,7 @@ protected:
     using Lines = std::vector<std::string>;
 };
 
-TEST_F(Report, ValuesTheFieldReadsOtherwiseAndSettingsTheDialogGreysOut)
-{
+TEST_F(Report, ValuesTheFieldReadsOtherwiseAndSettingsTheDialogGreysOut) {
     EXPECT_EQ(warnings(cardScene(2), {"EDIT_DIM_X=-100"}), Lines{"EDIT_DIM_X: typed -100, the field reads 0.1"});
     EXPECT_EQ(warnings(cardScene(2), {"CHECK_REPEAT_LAYERS=on", "EDIT_REPEAT_COUNT=2.5"}),
               Lines{"EDIT_REPEAT_COUNT: typed 2.5, the field reads 2"});
@@ -71,8 +69,7 @@ TEST_F(Report, ValuesTheFieldReadsOtherwiseAndSettingsTheDialogGreysOut)
               Lines{});
 }
 
-TEST_F(Report, RepeatsTheHostMadeOtherwiseOrCutAndLayersThePreviewCannotDraw)
-{
+TEST_F(Report, RepeatsTheHostMadeOtherwiseOrCutAndLayersThePreviewCannotDraw) {
     const Lines sequentially{
         "CHECK_REPEAT_SEQUENTIALLY: on, but the host made the copies with AEGP_DuplicateLayer (AEGP Layer Suite/10), "
         "which puts each copy above its original; it acts only on a host without that suite, where copies come from "
@@ -90,12 +87,11 @@ TEST_F(Report, RepeatsTheHostMadeOtherwiseOrCutAndLayersThePreviewCannotDraw)
     EXPECT_EQ(warnings(scene, {}), Lines{});  // without a picture nothing is left out
 }
 
-TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
-{
+TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged) {
     // Four places a row, three rows: the thirteenth layer finds none.
-    const apptest::ToolRun r = run({writeScene("s.json", cardScene(13)), "--set", "EDIT_MIN_LONGITUDE=90", "--set",
-                                    "EDIT_MIN_LATITUDE=50", "--set", "EDIT_DIM_Y=100", "--json-report",
-                                    path("report.json")});
+    const apptest::ToolRun r =
+        run({writeScene("s.json", cardScene(13)), "--set", "EDIT_MIN_LONGITUDE=90", "--set", "EDIT_MIN_LATITUDE=50",
+             "--set", "EDIT_DIM_Y=100", "--json-report", path("report.json")});
     ASSERT_EQ(r.status, 0) << r.err;
     EXPECT_NE(r.out.find("13  Card 13  av    1920.0, 1080.0,    0.0     0.0,   0.0,    0.0  100.0, 100.0, 100.0  "
                          "0/0/0/0       moved, not reached\n"),
@@ -115,8 +111,8 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
     EXPECT_EQ(report["arranged"], 12);
     EXPECT_EQ(report["status"], 0);
     const std::string scene = writeScene("s.json", cardScene(3));
-    EXPECT_NE(run({scene, "--no-apply"}).out.find(
-                  "  arranged:     nothing: \"Apply\" was not pressed (3 selected layers, no copies made)\n"),
+    EXPECT_NE(run({scene, "--no-apply"})
+                  .out.find("  arranged:     nothing: \"Apply\" was not pressed (3 selected layers, no copies made)\n"),
               std::string::npos);
     const apptest::ToolRun undone = run({scene, "--undo", "--set", "CHECK_REPEAT_LAYERS=on"});
     EXPECT_NE(undone.out.find("  arranged:     nothing left: the step was undone (it had 3 selected layers, 3 copies "

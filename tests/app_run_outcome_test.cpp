@@ -19,8 +19,8 @@ constexpr double kExact = 1e-9;
 class RunOutcomes : public apptest::ToolTest {
 protected:
     // Runs the module in this process on `scene` with the given settings, as the tool does.
-    app::RunOutcome outcome(const json& scene, std::vector<std::string> sets, bool no_apply = false, bool undo = false)
-    {
+    app::RunOutcome outcome(const json& scene, std::vector<std::string> sets, bool no_apply = false,
+                            bool undo = false) {
         app::Options options;
         options.scene = writeScene("s.json", scene);
         options.sets = std::move(sets);
@@ -36,21 +36,18 @@ protected:
 const std::vector<std::string> kOffCentre{"EDIT_SPHERE_CENTER_X=130.7", "EDIT_SPHERE_CENTER_Y=-45.3",
                                           "EDIT_SPHERE_CENTER_Z=260.1", "CHECK_USE_COMP_CENTER=off"};
 
-std::vector<std::string> withSets(std::vector<std::string> sets)
-{
+std::vector<std::string> withSets(std::vector<std::string> sets) {
     std::vector<std::string> all = kOffCentre;
     all.insert(all.end(), sets.begin(), sets.end());
     return all;
 }
 
-TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecisionAndTheRadiusTheFirstLayersPolygon)
-{
+TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecisionAndTheRadiusTheFirstLayersPolygon) {
     const double half_x = static_cast<double>(1234.567f * 0.5f);
     const double half_z = static_cast<double>(777.7f * 0.5f);
-    for (const auto& [mode_set, mode] :
-         {std::pair{"EDIT_MIN_LONGITUDE=45", app::SurfaceMode::given_steps},
-          std::pair{"CHECK_DISTRIBUTE_EVENLY=on", app::SurfaceMode::evenly},
-          std::pair{"RADIO_EQUATOR_ONLY=on", app::SurfaceMode::equator}}) {
+    for (const auto& [mode_set, mode] : {std::pair{"EDIT_MIN_LONGITUDE=45", app::SurfaceMode::given_steps},
+                                         std::pair{"CHECK_DISTRIBUTE_EVENLY=on", app::SurfaceMode::evenly},
+                                         std::pair{"RADIO_EQUATOR_ONLY=on", app::SurfaceMode::equator}}) {
         const app::RunOutcome o =
             outcome(cardScene(6), withSets({"EDIT_DIM_X=1234.567", "EDIT_DIM_Z=777.7", "EDIT_DIM_Y=900", mode_set}));
         EXPECT_EQ(o.surface.mode, mode) << mode_set;
@@ -91,8 +88,7 @@ TEST_F(RunOutcomes, BoxModesUseTheBoxHalvedInSinglePrecisionAndTheRadiusTheFirst
 // The ring of the plug-in's own code, applied to a host with the controls set straight (no
 // notification runs, so any Begin side can be had): the outcome read back, and the first
 // record's centre in the layout frame as the layout computed it.
-std::pair<app::RunOutcome, MainDlg::Vector> coreRing(const json& settings)
-{
+std::pair<app::RunOutcome, MainDlg::Vector> coreRing(const json& settings) {
     platform::reset();
     host::Host host;
     host::Project& project = host.project();
@@ -129,14 +125,18 @@ std::pair<app::RunOutcome, MainDlg::Vector> coreRing(const json& settings)
     return {outcome, first};
 }
 
-TEST_F(RunOutcomes, RingIsTheEllipseOfThePluginsFirstPanelAtEachBeginSide)
-{
+TEST_F(RunOutcomes, RingIsTheEllipseOfThePluginsFirstPanelAtEachBeginSide) {
     const double aspect = static_cast<double>(700.0f) * 0.5 / (static_cast<double>(1500.0f) * 0.5);
     for (const char* side : {"RADIO_BEGIN_FRONT", "RADIO_BEGIN_BACK", "RADIO_BEGIN_LEFT", "RADIO_BEGIN_RIGHT"}) {
-        json settings = {{"EDIT_DIM_X", 1500}, {"EDIT_DIM_Z", 700}, {"EDIT_SPHERE_CENTER_X", 130.7},
-                         {"EDIT_SPHERE_CENTER_Y", -45.3}, {"EDIT_SPHERE_CENTER_Z", 260.1},
-                         {"CHECK_USE_COMP_CENTER", false}, {"RADIO_WHOLE_CYLINDER", false},
-                         {"RADIO_EQUATOR_ONLY", true}, {"CHECK_CREATE_RING", true}};
+        json settings = {{"EDIT_DIM_X", 1500},
+                         {"EDIT_DIM_Z", 700},
+                         {"EDIT_SPHERE_CENTER_X", 130.7},
+                         {"EDIT_SPHERE_CENTER_Y", -45.3},
+                         {"EDIT_SPHERE_CENTER_Z", 260.1},
+                         {"CHECK_USE_COMP_CENTER", false},
+                         {"RADIO_WHOLE_CYLINDER", false},
+                         {"RADIO_EQUATOR_ONLY", true},
+                         {"CHECK_CREATE_RING", true}};
         for (const char* s : {"RADIO_BEGIN_FRONT", "RADIO_BEGIN_BACK", "RADIO_BEGIN_LEFT", "RADIO_BEGIN_RIGHT"}) {
             settings[s] = std::string(s) == side;
         }
@@ -153,8 +153,7 @@ TEST_F(RunOutcomes, RingIsTheEllipseOfThePluginsFirstPanelAtEachBeginSide)
     }
 }
 
-TEST_F(RunOutcomes, CopiesAreWrittenInListOrderAndWithoutAnAppliedStepNothingIsArranged)
-{
+TEST_F(RunOutcomes, CopiesAreWrittenInListOrderAndWithoutAnAppliedStepNothingIsArranged) {
     const app::RunOutcome o = outcome(cardScene(2), {"CHECK_REPEAT_LAYERS=on", "EDIT_REPEAT_COUNT=3"});
     EXPECT_EQ(o.taken.size(), 2u);
     EXPECT_EQ(o.copies.size(), 6u);

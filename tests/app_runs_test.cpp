@@ -9,13 +9,12 @@ using nlohmann::json;
 
 class Runs : public apptest::ToolTest {};
 
-TEST_F(Runs, UndoRestoresTheSceneAsItWasReadCopiesGoneAndAWrittenSceneRunsAgainToTheSame)
-{
+TEST_F(Runs, UndoRestoresTheSceneAsItWasReadCopiesGoneAndAWrittenSceneRunsAgainToTheSame) {
     const std::string scene = writeScene("s.json", cardScene(5));
     const json before = runForScene({scene, "--no-apply"});
     // The copies a run made go with its undo too.
-    const apptest::ToolRun undone = run({scene, "--set", "RADIO_INWARD=on", "--set", "CHECK_REPEAT_LAYERS=on", "--undo",
-                                         "--out", path("undone.json")});
+    const apptest::ToolRun undone = run(
+        {scene, "--set", "RADIO_INWARD=on", "--set", "CHECK_REPEAT_LAYERS=on", "--undo", "--out", path("undone.json")});
     ASSERT_EQ(undone.status, 0) << undone.err;
 
     const json after = json::parse(apptest::readFile(path("undone.json")));
@@ -45,8 +44,7 @@ TEST_F(Runs, UndoRestoresTheSceneAsItWasReadCopiesGoneAndAWrittenSceneRunsAgainT
     EXPECT_EQ(written["CHECK_USE_COMP_CENTER"], true);
 }
 
-TEST_F(Runs, StandardInputAndOutputAndEditFieldsOfAtMost127Characters)
-{
+TEST_F(Runs, StandardInputAndOutputAndEditFieldsOfAtMost127Characters) {
     const std::string scene = cardScene(3).dump();
     const apptest::ToolRun piped = run({"-", "--set", "RADIO_INWARD=on", "--out", "-"}, scene);
     ASSERT_EQ(piped.status, 0) << piped.err;
@@ -69,8 +67,7 @@ TEST_F(Runs, StandardInputAndOutputAndEditFieldsOfAtMost127Characters)
                               "number; this one has 128\n");
 }
 
-TEST_F(Runs, ListOfControls)
-{
+TEST_F(Runs, ListOfControls) {
     const apptest::ToolRun r = run({"--list-controls"});
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(std::count(r.out.begin(), r.out.end(), '\n'), 44);  // a heading, 42 controls, a closing note
@@ -87,12 +84,11 @@ TEST_F(Runs, ListOfControls)
 
 class DialogPicture : public apptest::ToolTest {};
 
-TEST_F(DialogPicture, TheWindowOrThePanelAsTheRunLeftIt)
-{
+TEST_F(DialogPicture, TheWindowOrThePanelAsTheRunLeftIt) {
     for (const bool panels : {false, true}) {
-        const apptest::ToolRun r = run({writeScene("s.json", cardScene(2, 200, 150, panels)), "--set",
-                                        "CHECK_RANDOM_ORDER=on", "--set", "CHECK_DONT_INTERSECT=on", "--dialog",
-                                        path("d.svg")});
+        const apptest::ToolRun r =
+            run({writeScene("s.json", cardScene(2, 200, 150, panels)), "--set", "CHECK_RANDOM_ORDER=on", "--set",
+                 "CHECK_DONT_INTERSECT=on", "--dialog", path("d.svg")});
         ASSERT_EQ(r.status, 0) << r.err;
         const std::string svg = apptest::readFile(path("d.svg"));
         // A window has its title drawn; a panel has none. Hidden controls set by force stay hidden.

@@ -12,8 +12,7 @@
 namespace {
 
 std::vector<app::ControlSetting> planOf(const std::vector<std::string>& assignments,
-                                        const nlohmann::json& scene = nullptr)
-{
+                                        const nlohmann::json& scene = nullptr) {
     app::SettingsPlan plan;
     plan.addSceneSettings(scene, "scene.json");
     for (const std::string& a : assignments) {
@@ -22,8 +21,7 @@ std::vector<app::ControlSetting> planOf(const std::vector<std::string>& assignme
     return plan.inDialogOrder();
 }
 
-std::string errorOf(const std::vector<std::string>& assignments, const nlohmann::json& scene = nullptr)
-{
+std::string errorOf(const std::vector<std::string>& assignments, const nlohmann::json& scene = nullptr) {
     try {
         planOf(assignments, scene);
     } catch (const app::AppError& e) {
@@ -32,8 +30,7 @@ std::string errorOf(const std::vector<std::string>& assignments, const nlohmann:
     return "";
 }
 
-std::string names(const std::vector<app::ControlSetting>& plan)
-{
+std::string names(const std::vector<app::ControlSetting>& plan) {
     std::string out;
     for (const app::ControlSetting& s : plan) {
         out += std::string(s.control->name) + "=" + app::shownValue(s) + " ";
@@ -41,10 +38,9 @@ std::string names(const std::vector<app::ControlSetting>& plan)
     return out;
 }
 
-TEST(SetAssignments, NumbersAreTakenAsAnEditFieldReadsThemAndAnythingElseRefusedSayingWhy)
-{
-    const auto plan = planOf({"EDIT_DIM_X=+30", "EDIT_DIM_Y= 12 ", "EDIT_MIN_LONGITUDE=22.5", "EDIT_SPHERE_CENTER_Y=-1e3",
-                              "EDIT_DIM_X=+31"});
+TEST(SetAssignments, NumbersAreTakenAsAnEditFieldReadsThemAndAnythingElseRefusedSayingWhy) {
+    const auto plan = planOf({"EDIT_DIM_X=+30", "EDIT_DIM_Y= 12 ", "EDIT_MIN_LONGITUDE=22.5",
+                              "EDIT_SPHERE_CENTER_Y=-1e3", "EDIT_DIM_X=+31"});
     EXPECT_EQ(names(plan), "EDIT_DIM_X=+31 EDIT_DIM_Y= 12  EDIT_SPHERE_CENTER_Y=-1e3 EDIT_MIN_LONGITUDE=22.5 ");
     EXPECT_EQ(plan[0].where, "--set EDIT_DIM_X=+31");
     for (const char* bad : {"abc", "", "nan", "-"}) {
@@ -53,36 +49,40 @@ TEST(SetAssignments, NumbersAreTakenAsAnEditFieldReadsThemAndAnythingElseRefused
                       bad + "\"")
             << bad;
     }
-    EXPECT_EQ(errorOf({"EDIT_DIM_X=12mm"}), "--set EDIT_DIM_X=12mm: EDIT_DIM_X is an edit field and takes a number "
-                                            "alone, and the field would ignore \"mm\" after \"12\"");
+    EXPECT_EQ(errorOf({"EDIT_DIM_X=12mm"}),
+              "--set EDIT_DIM_X=12mm: EDIT_DIM_X is an edit field and takes a number "
+              "alone, and the field would ignore \"mm\" after \"12\"");
     EXPECT_NE(errorOf({"EDIT_DIM_X=1,5"}).find("would ignore \",5\" after \"1\""), std::string::npos);
 }
 
-TEST(SetAssignments, SwitchesRadiosAndUnknownNames)
-{
+TEST(SetAssignments, SwitchesRadiosAndUnknownNames) {
     EXPECT_EQ(names(planOf({"CHECK_DISTRIBUTE_EVENLY=on", "CHECK_CROP_TEXT_LAYERS=OFF", "CHECK_KEY_SCALE=true",
                             "RADIO_INWARD=on"})),
               "CHECK_DISTRIBUTE_EVENLY=on RADIO_OUTWARD=off RADIO_INWARD=on CHECK_KEY_SCALE=on "
               "CHECK_CROP_TEXT_LAYERS=off ");
     EXPECT_EQ(errorOf({"CHECK_KEY_SCALE=1200"}),
               "--set CHECK_KEY_SCALE=1200: CHECK_KEY_SCALE is a check box and takes on or off, not \"1200\"");
-    EXPECT_NE(errorOf({"RADIO_SECTOR=off"}).find("RADIO_SECTOR is a radio button and cannot be turned off; turn on "
-                                                 "another of its group instead (RADIO_WHOLE_CYLINDER, RADIO_EQUATOR_ONLY)"),
+    EXPECT_NE(errorOf({"RADIO_SECTOR=off"})
+                  .find("RADIO_SECTOR is a radio button and cannot be turned off; turn on "
+                        "another of its group instead (RADIO_WHOLE_CYLINDER, RADIO_EQUATOR_ONLY)"),
               std::string::npos);
     EXPECT_NE(errorOf({"STATIC_DIM_X=1"}).find("STATIC_DIM_X is a static text and holds no value"), std::string::npos);
     EXPECT_NE(errorOf({"BUTTON_APPLY=on"}).find("BUTTON_APPLY is a push button and holds no value"), std::string::npos);
     const std::string message = errorOf({"EDIT_DIM_W=5"});
-    EXPECT_EQ(message.rfind("--set EDIT_DIM_W=5: unknown control \"EDIT_DIM_W\". Valid names: EDIT_DIM_X, EDIT_DIM_Y", 0),
-              0u);
+    EXPECT_EQ(
+        message.rfind("--set EDIT_DIM_W=5: unknown control \"EDIT_DIM_W\". Valid names: EDIT_DIM_X, EDIT_DIM_Y", 0),
+        0u);
     EXPECT_NE(message.find("CHECK_CROP_TEXT_LAYERS"), std::string::npos);
     EXPECT_EQ(message.find("STATIC_DIM_X"), std::string::npos);
     EXPECT_EQ(errorOf({"EDIT_DIM_X"}), "--set EDIT_DIM_X: expected NAME=VALUE");
 }
 
-TEST(SceneSettings, JsonValuesRadiosListedOffSetWinningAndErrorsNamingTheFile)
-{
-    EXPECT_EQ(names(planOf({}, {{"EDIT_DIM_X", 1600}, {"EDIT_DIM_Y", 0.1}, {"CHECK_RANDOM_ORDER", true},
-                                {"EDIT_DIM_Z", "900"}, {"CHECK_KEY_POSITION", "on"}})),
+TEST(SceneSettings, JsonValuesRadiosListedOffSetWinningAndErrorsNamingTheFile) {
+    EXPECT_EQ(names(planOf({}, {{"EDIT_DIM_X", 1600},
+                                {"EDIT_DIM_Y", 0.1},
+                                {"CHECK_RANDOM_ORDER", true},
+                                {"EDIT_DIM_Z", "900"},
+                                {"CHECK_KEY_POSITION", "on"}})),
               "EDIT_DIM_X=1600 EDIT_DIM_Y=0.1 EDIT_DIM_Z=900 CHECK_RANDOM_ORDER=on CHECK_KEY_POSITION=on ");
     EXPECT_EQ(names(planOf({"RADIO_OUTWARD=on"}, {{"RADIO_OUTWARD", false}, {"RADIO_INWARD", true}})),
               "RADIO_OUTWARD=on RADIO_INWARD=off ");
@@ -96,14 +96,15 @@ TEST(SceneSettings, JsonValuesRadiosListedOffSetWinningAndErrorsNamingTheFile)
               "scene.json: settings.RADIO_OUTWARD: RADIO_INWARD of the same radio group is on as well");
     EXPECT_EQ(errorOf({}, {{"EDIT_DIM_X", true}}),
               "scene.json: settings.EDIT_DIM_X: EDIT_DIM_X is an edit field and takes a number, not \"on\"");
-    EXPECT_NE(errorOf({}, {{"NOPE", 1}}).find("scene.json: settings.NOPE: unknown control \"NOPE\""), std::string::npos);
-    EXPECT_EQ(errorOf({}, nlohmann::json::array()), "scene.json: settings: expected an object of control names and values");
+    EXPECT_NE(errorOf({}, {{"NOPE", 1}}).find("scene.json: settings.NOPE: unknown control \"NOPE\""),
+              std::string::npos);
+    EXPECT_EQ(errorOf({}, nlohmann::json::array()),
+              "scene.json: settings: expected an object of control names and values");
     EXPECT_NE(errorOf({}, {{"EDIT_DIM_X", {1, 2}}}).find("expected a number, true or false, or a text"),
               std::string::npos);
 }
 
-TEST(ControlVocabulary, RadioGroupsRunOverConsecutiveIdentifiers)
-{
+TEST(ControlVocabulary, RadioGroupsRunOverConsecutiveIdentifiers) {
     auto group = [](const char* name) {
         std::string out;
         for (const ControlSpec* c : app::radioGroup(*find_control(name))) {
@@ -122,8 +123,7 @@ struct Parsed {
     app::ParseExit exit;
 };
 
-Parsed parsed(std::vector<const char*> args)
-{
+Parsed parsed(std::vector<const char*> args) {
     args.insert(args.begin(), "orbisett-host");
     Parsed p;
     p.options = app::parseOptions(static_cast<int>(args.size()), args.data(), "/default/module.so", p.exit)
@@ -131,11 +131,9 @@ Parsed parsed(std::vector<const char*> args)
     return p;
 }
 
-TEST(CommandLine, EveryOptionLandsInItsPlaceHelpAndVersion)
-{
-    const Parsed p = parsed({"--set", "EDIT_DIM_X=1", "-", "--set", "EDIT_DIM_Y=2", "--undo", "--out", "-",
-                             "--preview", "p.png", "--dialog", "d.svg", "--json-report", "r.json", "--quiet",
-                             "--no-apply"});
+TEST(CommandLine, EveryOptionLandsInItsPlaceHelpAndVersion) {
+    const Parsed p = parsed({"--set", "EDIT_DIM_X=1", "-", "--set", "EDIT_DIM_Y=2", "--undo", "--out", "-", "--preview",
+                             "p.png", "--dialog", "d.svg", "--json-report", "r.json", "--quiet", "--no-apply"});
     EXPECT_EQ(p.exit.status, 0);
     EXPECT_EQ(p.options.scene, "-");
     EXPECT_EQ(p.options.sets, (std::vector<std::string>{"EDIT_DIM_X=1", "EDIT_DIM_Y=2"}));
@@ -163,14 +161,14 @@ TEST(CommandLine, EveryOptionLandsInItsPlaceHelpAndVersion)
     EXPECT_EQ(version.exit.text, "orbisett-host 1.3.2\n");
 }
 
-TEST(CommandLine, WrongLinesSayWhatIsWrong)
-{
+TEST(CommandLine, WrongLinesSayWhatIsWrong) {
     const std::pair<std::vector<const char*>, const char*> cases[] = {
         {{"--out", "a.json", "--out", "b.json"}, "--out is given 2 times (a.json, b.json); give it once"},
         {{"--set", "EDIT_DIM_X=1", "EDIT_DIM_Y=2"},
          "EDIT_DIM_Y=2: each setting needs its own --set (--set EDIT_DIM_Y=2); without it, it is taken as the scene "
          "file"},
-        {{"s.json", "CHECK_KEY_SCALE=on"}, "CHECK_KEY_SCALE=on: each setting needs its own --set (--set CHECK_KEY_SCALE=on)"},
+        {{"s.json", "CHECK_KEY_SCALE=on"},
+         "CHECK_KEY_SCALE=on: each setting needs its own --set (--set CHECK_KEY_SCALE=on)"},
         {{"a.json", "b.json"}, "b.json: a second scene; give one scene file at most"},
         {{"--bogus"}, "--bogus: unknown option (see --help)"},
         {{"--json-report", "-"}, "--json-report -: only --out writes to standard output"},

@@ -16,16 +16,14 @@ struct Fixture {
     host::Id comp = 0;
     host::Id card = 0;
 
-    Fixture()
-    {
+    Fixture() {
         comp = project.addComp("Main", 1920, 1080);
         card = project.addLayer(comp, "Card", AEGP_ObjectType_AV, true, project.addFootage("card", 400, 300));
         project.layer(card)->scene_number = 1;
     }
 };
 
-std::vector<std::string> lines(const std::string& text)
-{
+std::vector<std::string> lines(const std::string& text) {
     std::vector<std::string> out;
     std::istringstream in(text);
     for (std::string line; std::getline(in, line);) {
@@ -34,8 +32,7 @@ std::vector<std::string> lines(const std::string& text)
     return out;
 }
 
-TEST(LayerChange, UnchangedMovedKeyedAndCopied)
-{
+TEST(LayerChange, UnchangedMovedKeyedAndCopied) {
     Fixture f;
     host::Project after = f.project;
     EXPECT_EQ(app::layerChange(f.project, *after.layer(f.card)), "");
@@ -51,8 +48,7 @@ TEST(LayerChange, UnchangedMovedKeyedAndCopied)
     EXPECT_EQ(app::layerChange(f.project, *after.layer(copy)), "copy of 1");
 }
 
-TEST(LayerTable, EveryColumnHoldsItsOwnProperty)
-{
+TEST(LayerTable, EveryColumnHoldsItsOwnProperty) {
     Fixture f;
     f.project.addLayer(f.comp, "Sky", AEGP_ObjectType_AV, false);
     host::Project after = f.project;
@@ -79,8 +75,7 @@ TEST(LayerTable, EveryColumnHoldsItsOwnProperty)
     EXPECT_EQ(rows[3], "2  Sky   av 2D  0.0,  0.0, 0.0   0.0,  0.0,  0.0  100.0, 100.0, 100.0  0/0/0/0");
 }
 
-TEST(LayerTable, NamesAndNumbersCannotBreakTheRowsAndLineUp)
-{
+TEST(LayerTable, NamesAndNumbersCannotBreakTheRowsAndLineUp) {
     Fixture f;
     for (const char* name : {"Åsa", "日本", "two\nlines", "bell\x07", "bad\xff", "e\xcc\x81"}) {
         f.project.addLayer(f.comp, name, AEGP_ObjectType_TEXT, true);

@@ -22,16 +22,14 @@ struct ToolRun {
     std::string err;
 };
 
-inline std::string readFile(const std::filesystem::path& path)
-{
+inline std::string readFile(const std::filesystem::path& path) {
     std::ifstream in(path, std::ios::binary);
     std::ostringstream text;
     text << in.rdbuf();
     return text.str();
 }
 
-inline std::string quoted(const std::string& arg)
-{
+inline std::string quoted(const std::string& arg) {
     std::string q = "'";
     for (char c : arg) {
         q += c == '\'' ? std::string("'\\''") : std::string(1, c);
@@ -41,11 +39,10 @@ inline std::string quoted(const std::string& arg)
 
 class ToolTest : public ::testing::Test {
 protected:
-    void SetUp() override
-    {
-        dir_ = std::filesystem::temp_directory_path() /
-               ("orbisett-app-" + std::to_string(::getpid()) + "-" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    void SetUp() override {
+        dir_ =
+            std::filesystem::temp_directory_path() / ("orbisett-app-" + std::to_string(::getpid()) + "-" +
+                                                      ::testing::UnitTest::GetInstance()->current_test_info()->name());
         std::filesystem::remove_all(dir_);
         std::filesystem::create_directories(dir_);
     }
@@ -53,22 +50,20 @@ protected:
 
     std::string path(const std::string& name) const { return (dir_ / name).string(); }
 
-    std::string writeScene(const std::string& name, const nlohmann::json& scene) const
-    {
+    std::string writeScene(const std::string& name, const nlohmann::json& scene) const {
         std::ofstream(path(name)) << scene.dump(2);
         return path(name);
     }
 
     // Runs the tool; `input` is its standard input.
-    ToolRun run(const std::vector<std::string>& args, const std::string& input = "") const
-    {
+    ToolRun run(const std::vector<std::string>& args, const std::string& input = "") const {
         std::ofstream(path("stdin.txt"), std::ios::binary) << input;
         std::string command = quoted(ORBISETT_HOST_PATH);
         for (const std::string& a : args) {
             command += " " + quoted(a);
         }
-        command += " <" + quoted(path("stdin.txt")) + " >" + quoted(path("stdout.txt")) + " 2>" +
-                   quoted(path("stderr.txt"));
+        command +=
+            " <" + quoted(path("stdin.txt")) + " >" + quoted(path("stdout.txt")) + " 2>" + quoted(path("stderr.txt"));
         const int raw = std::system(command.c_str());
         ToolRun result;
         result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
@@ -78,8 +73,7 @@ protected:
     }
 
     // Runs and reads the scene written with --out; the run must succeed.
-    nlohmann::json runForScene(std::vector<std::string> args) const
-    {
+    nlohmann::json runForScene(std::vector<std::string> args) const {
         args.push_back("--out");
         args.push_back(path("after.json"));
         const ToolRun r = run(args);
@@ -95,8 +89,7 @@ private:
 
 // A 1920 x 1080 composition of `count` selected 3D cards, `width` x `height` each, lying flat
 // at the composition's centre.
-inline nlohmann::json cardScene(int count, int width = 200, int height = 150, bool panels = false)
-{
+inline nlohmann::json cardScene(int count, int width = 200, int height = 150, bool panels = false) {
     nlohmann::json layers = nlohmann::json::array();
     for (int i = 1; i <= count; ++i) {
         layers.push_back({{"name", "Card " + std::to_string(i)},

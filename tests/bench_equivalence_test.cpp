@@ -33,25 +33,31 @@ private:
 
 // Footprints of every kind: ordinary, flat, across the front meridian, wider than half a turn,
 // angles the wrong way round, tall, and some with values that are not finite.
-SolidAngle any_footprint(Random& r)
-{
+SolidAngle any_footprint(Random& r) {
     const double begin = r.angle();
     const double h = r.uniform(-1e5, 1e5);
     switch (r.pick(10)) {
-    case 0: return {begin, std::fmod(begin + r.uniform(0, 0.2), math::Constant_2PI), h, h};
-    case 1: return {r.uniform(6.0, 6.28), r.uniform(0, 0.3), h, h + r.uniform(0, 200)};
-    case 2: return {begin, std::fmod(begin + r.uniform(3.2, 6.2), math::Constant_2PI), h, h + r.uniform(0, 200)};
-    case 3: return {begin, begin - r.uniform(0, 1), h, h + r.uniform(0, 200)};
-    case 4: return {begin, begin + r.uniform(0, 0.5), h, h + r.uniform(2000, 9000)};
-    case 5: return {begin, begin + 0.1, r.pick(2) == 0 ? -kInf : kNaN, h};
-    case 6: return {kNaN, begin, h, h + 50};
-    default: return {begin, std::fmod(begin + r.uniform(0, 0.3), math::Constant_2PI), h, h + r.uniform(10, 120)};
+        case 0:
+            return {begin, std::fmod(begin + r.uniform(0, 0.2), math::Constant_2PI), h, h};
+        case 1:
+            return {r.uniform(6.0, 6.28), r.uniform(0, 0.3), h, h + r.uniform(0, 200)};
+        case 2:
+            return {begin, std::fmod(begin + r.uniform(3.2, 6.2), math::Constant_2PI), h, h + r.uniform(0, 200)};
+        case 3:
+            return {begin, begin - r.uniform(0, 1), h, h + r.uniform(0, 200)};
+        case 4:
+            return {begin, begin + r.uniform(0, 0.5), h, h + r.uniform(2000, 9000)};
+        case 5:
+            return {begin, begin + 0.1, r.pick(2) == 0 ? -kInf : kNaN, h};
+        case 6:
+            return {kNaN, begin, h, h + 50};
+        default:
+            return {begin, std::fmod(begin + r.uniform(0, 0.3), math::Constant_2PI), h, h + r.uniform(10, 120)};
     }
 }
 
 // Mostly anywhere, some on and just beside a footprint's edges, now and then not finite.
-Vector any_point(Random& r, const std::vector<SolidAngle>& bands)
-{
+Vector any_point(Random& r, const std::vector<SolidAngle>& bands) {
     const int kind = r.pick(100);
     if (bands.empty() || kind == 0) {
         return Vector(1, r.pick(2) == 0 ? kNaN : r.angle(), r.pick(2) == 0 ? kInf : r.uniform(-1e5, 1e5));
@@ -69,8 +75,7 @@ Vector any_point(Random& r, const std::vector<SolidAngle>& bands)
 
 // Adds `rounds` footprints one at a time and after each compares the index with the plain test.
 void expect_same_answers(FootprintIndex& index, std::vector<SolidAngle>& bands, int rounds, Random& r,
-                         const std::function<SolidAngle()>& next, int& overlaps)
-{
+                         const std::function<SolidAngle()>& next, int& overlaps) {
     for (int round = 0; round < rounds; ++round) {
         bands.push_back(next());
         index.update(bands);
@@ -89,13 +94,13 @@ void expect_same_answers(FootprintIndex& index, std::vector<SolidAngle>& bands, 
     }
 }
 
-TEST(FootprintIndex, AnswersAsTestingEveryFootprint)
-{
+TEST(FootprintIndex, AnswersAsTestingEveryFootprint) {
     Random r(20240611);
     FootprintIndex index;
     std::vector<SolidAngle> bands;
     int overlaps = 0;
-    expect_same_answers(index, bands, 3000, r, [&r] { return any_footprint(r); }, overlaps);
+    expect_same_answers(
+        index, bands, 3000, r, [&r] { return any_footprint(r); }, overlaps);
     // Both answers must have been put to the test often.
     EXPECT_GT(overlaps, 3000);
     EXPECT_LT(overlaps, 27000);
@@ -108,18 +113,20 @@ TEST(FootprintIndex, AnswersAsTestingEveryFootprint)
     // laid out again; the answers must not change on the way.
     bands = {{0.1, 0.2, 0, 1}};
     overlaps = 0;
-    expect_same_answers(index, bands, 600, r, [&r] {
-        const double p = r.angle();
-        const double low = r.uniform(-5000, 5000);
-        return SolidAngle{p, p + 0.05, low, low + 500};
-    }, overlaps);
+    expect_same_answers(
+        index, bands, 600, r,
+        [&r] {
+            const double p = r.angle();
+            const double low = r.uniform(-5000, 5000);
+            return SolidAngle{p, p + 0.05, low, low + 500};
+        },
+        overlaps);
     EXPECT_GT(overlaps, 100);
 }
 
 // Front to back, both sides, an elliptic section, a centre away from the origin and inward faces:
 // the plain loop must give every value and footprint of the layout, bit for bit.
-TEST_F(CylinderTest, PlainArithmeticOfAnEvenPlacementGivesTheLayoutsValues)
-{
+TEST_F(CylinderTest, PlainArithmeticOfAnEvenPlacementGivesTheLayoutsValues) {
     const struct {
         ADMInt32 side;
         double phi0;

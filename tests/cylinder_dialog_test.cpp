@@ -92,8 +92,7 @@ const ControlSpec kPinnedFrames[] = {
 };
 
 // Every field of a row, floats to the last bit.
-std::string row(const ControlSpec& c)
-{
+std::string row(const ControlSpec& c) {
     std::ostringstream s;
     s << std::setprecision(9) << c.id << ' ' << c.name << ' ' << static_cast<int>(c.kind) << " \"" << c.label << "\" "
       << c.left << ' ' << c.top << ' ' << c.width << ' ' << c.height << ' ' << c.minimum << ' ' << c.maximum << ' '
@@ -104,8 +103,7 @@ std::string row(const ControlSpec& c)
 class CylinderDialogTest : public CylinderTest {
 protected:
     // What the shell does before showing the window the first time.
-    void open_as_shell_does()
-    {
+    void open_as_shell_does() {
         dlg().Enable(false);
         dlg().Enable(true);
         sADMDialog->Show(dlg().dialog, true);
@@ -113,8 +111,7 @@ protected:
 
     bool enabled(ADMInt32 id) const { return IsControlEnabled(control(id)); }
     bool visible(ADMInt32 id) const { return platform::isEffectivelyVisible(control(id)); }
-    void expect_enabled(const std::vector<ADMInt32>& on, const std::vector<ADMInt32>& off = {}) const
-    {
+    void expect_enabled(const std::vector<ADMInt32>& on, const std::vector<ADMInt32>& off = {}) const {
         for (ADMInt32 id : on) {
             EXPECT_TRUE(enabled(id)) << find_control(id)->name << " should be enabled";
         }
@@ -122,8 +119,7 @@ protected:
             EXPECT_FALSE(enabled(id)) << find_control(id)->name << " should be disabled";
         }
     }
-    void clicks(std::initializer_list<ADMInt32> ids)
-    {
+    void clicks(std::initializer_list<ADMInt32> ids) {
         for (ADMInt32 id : ids) {
             ASSERT_TRUE(click(id).ok()) << find_control(id)->name;
         }
@@ -132,8 +128,7 @@ protected:
 
 // ---- The settings table ----------------------------------------------------------------------
 
-TEST(CylinderSettingsTable, HoldsThePinnedControlsAndFrames)
-{
+TEST(CylinderSettingsTable, HoldsThePinnedControlsAndFrames) {
     ASSERT_EQ(std::size(kPinned), kCylinderControls.size());
     for (std::size_t i = 0; i < kCylinderControls.size(); ++i) {
         EXPECT_EQ(row(kPinned[i]), row(kCylinderControls[i])) << "control " << i + 1;
@@ -163,8 +158,7 @@ TEST(CylinderSettingsTable, HoldsThePinnedControlsAndFrames)
 // Created in table order, then the frames and the version line; each control at its place, with
 // its label, its default or initial state, and its range when typed into, shown after the first
 // refresh exactly when the table says so. Without a window every setting reads 0 or false.
-TEST_F(CylinderDialogTest, FreshWindowHoldsThePinnedControls)
-{
+TEST_F(CylinderDialogTest, FreshWindowHoldsThePinnedControls) {
     open_as_shell_does();
     std::vector<ADMInt32> expected;
     for (const ControlSpec& c : kPinned) {
@@ -216,8 +210,7 @@ TEST_F(CylinderDialogTest, FreshWindowHoldsThePinnedControls)
     EXPECT_EQ(20, apply.bottom - apply.top);
 }
 
-TEST_F(CylinderDialogTest, WindowIsTitledSizedCentredHiddenAndNamesTheVersion)
-{
+TEST_F(CylinderDialogTest, WindowIsTitledSizedCentredHiddenAndNamesTheVersion) {
     EXPECT_EQ("Orbisett", platform::windowTitle(window_));
     EXPECT_EQ("Orbisett", dlg().get_name());
     IASRect bounds{};
@@ -238,8 +231,7 @@ TEST_F(CylinderDialogTest, WindowIsTitledSizedCentredHiddenAndNamesTheVersion)
 
 // ---- Enabling and the hidden set ------------------------------------------------------------
 
-TEST_F(CylinderDialogTest, EnableKeepsTheHiddenSetHiddenAndNothingSelectedDisablesAll)
-{
+TEST_F(CylinderDialogTest, EnableKeepsTheHiddenSetHiddenAndNothingSelectedDisablesAll) {
     open_as_shell_does();
     EXPECT_FALSE(visible(FRAME_ACTIVE_SURFACE));
     EXPECT_TRUE(visible(STATIC_VERSION));
@@ -269,15 +261,13 @@ struct RuleStep {
     std::vector<ADMInt32> off;
 };
 
-void PrintTo(const RuleStep& step, std::ostream* out)
-{
+void PrintTo(const RuleStep& step, std::ostream* out) {
     *out << (step.click == 0 ? "refresh" : find_control(step.click)->name);
 }
 
 class CylinderRules : public CylinderDialogTest, public ::testing::WithParamInterface<std::vector<RuleStep>> {};
 
-TEST_P(CylinderRules, FollowTheClicksAndTheRefresh)
-{
+TEST_P(CylinderRules, FollowTheClicksAndTheRefresh) {
     open_as_shell_does();
     for (const RuleStep& step : GetParam()) {
         SCOPED_TRACE(::testing::PrintToString(step));
@@ -334,8 +324,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 // A layout reads each setting once and keeps it for its own length only: the rules a user sets off
 // afterwards, and the next layout, read the controls afresh.
-TEST_F(CylinderDialogTest, SettingsReadByALayoutDoNotOutliveIt)
-{
+TEST_F(CylinderDialogTest, SettingsReadByALayoutDoNotOutliveIt) {
     const host::Layer& card = add_selected_card(400, 300, {100, 100, 100});
     open_as_shell_does();
     ASSERT_TRUE(click(BUTTON_APPLY).ok());
@@ -353,8 +342,7 @@ TEST_F(CylinderDialogTest, SettingsReadByALayoutDoNotOutliveIt)
 }
 
 // The displayed height comes from Scale Y: "Scale Layer to" brings a squashed layer to the size.
-TEST_F(CylinderDialogTest, ScaleLayerToSizesALayerByBothItsScales)
-{
+TEST_F(CylinderDialogTest, ScaleLayerToSizesALayerByBothItsScales) {
     const host::Layer& card = add_selected_card(400, 300, {100, 50, 100});
     open_as_shell_does();
     ASSERT_TRUE(click(CHECK_SCALE_LAYER).ok());
@@ -365,8 +353,7 @@ TEST_F(CylinderDialogTest, ScaleLayerToSizesALayerByBothItsScales)
     EXPECT_EQ(100, scale.z);
 }
 
-TEST_F(CylinderDialogTest, RepeatingIsAllowedOnlyWithoutRadiusEvenOrEquatorAndClicksReachItsRule)
-{
+TEST_F(CylinderDialogTest, RepeatingIsAllowedOnlyWithoutRadiusEvenOrEquatorAndClicksReachItsRule) {
     open_as_shell_does();
     clicks({CHECK_REPEAT_LAYERS});
     expect_enabled({EDIT_REPEAT_COUNT, CHECK_REPEAT_SEQUENTIALLY});

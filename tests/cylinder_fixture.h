@@ -20,17 +20,16 @@
 // Opens the assistant's protected state to the tests.
 class CylinderDialog : public MainDlg {
 public:
+    using AssistantDlg::layers;
     using MainDlg::MainDlg;
     using MainDlg::volumes;
-    using AssistantDlg::layers;
 };
 
 class CylinderTest : public ::testing::Test {
 protected:
     static constexpr AEGP_PluginID kPluginId = 7;
 
-    void SetUp() override
-    {
+    void SetUp() override {
         platform::reset();
         host_ = std::make_unique<host::Host>();
         comp_id_ = host_->project().addComp("Main", 1920, 1080);
@@ -43,8 +42,7 @@ protected:
         ASSERT_NE(nullptr, window_);
     }
 
-    void TearDown() override
-    {
+    void TearDown() override {
         dlg_.reset();
         sSPBasic = nullptr;
         host_.reset();
@@ -63,22 +61,19 @@ protected:
     void set_bool(ADMInt32 id, bool value) { sADMItem->SetBooleanValue(dlg_->get_item(id), value); }
 
     // The Begin radios form two groups (243/244 and 247/248); this sets exactly one side.
-    void begin_at(ADMInt32 side)
-    {
+    void begin_at(ADMInt32 side) {
         for (ADMInt32 id : {RADIO_BEGIN_FRONT, RADIO_BEGIN_BACK, RADIO_BEGIN_LEFT, RADIO_BEGIN_RIGHT}) {
             set_bool(id, id == side);
         }
     }
 
     // One of the three surface radios; with Sector, exactly the boxes given.
-    void surface(ADMInt32 id)
-    {
+    void surface(ADMInt32 id) {
         for (ADMInt32 r : {RADIO_WHOLE_CYLINDER, RADIO_SECTOR, RADIO_EQUATOR_ONLY}) {
             set_bool(r, r == id);
         }
     }
-    void sectors(const std::vector<ADMInt32>& boxes)
-    {
+    void sectors(const std::vector<ADMInt32>& boxes) {
         surface(RADIO_SECTOR);
         for (ADMInt32 id : {CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT}) {
             set_bool(id, std::find(boxes.begin(), boxes.end(), id) != boxes.end());
@@ -86,8 +81,7 @@ protected:
     }
 
     // A 3D footage layer of that source size and Scale, added to the composition and selected.
-    host::Layer& add_selected_card(A_long width, A_long height, host::Vec3 scale)
-    {
+    host::Layer& add_selected_card(A_long width, A_long height, host::Vec3 scale) {
         host::Project& project = host_->project();
         const host::Id id =
             project.addLayer(comp_id_, "Card", AEGP_ObjectType_AV, true, project.addFootage("Card", width, height));
@@ -102,8 +96,7 @@ protected:
 
     // Replaces the layer records by zero-filled records of the given sizes at 100 % scale, with
     // indices 1, 2, ...
-    void set_layer_sizes(std::initializer_list<std::pair<A_long, A_long>> sizes)
-    {
+    void set_layer_sizes(std::initializer_list<std::pair<A_long, A_long>> sizes) {
         dlg_->layers.clear();
         A_long index = 1;
         for (const auto& [width, height] : sizes) {
@@ -112,16 +105,14 @@ protected:
     }
 
     // n records of that size.
-    void set_layer_count(int n, A_long width = 100, A_long height = 100)
-    {
+    void set_layer_count(int n, A_long width = 100, A_long height = 100) {
         set_layer_sizes({});
         for (int i = 0; i < n; ++i) {
             dlg_->layers.push_back(record(i + 1, width, height));
         }
     }
 
-    static AssistantDlg::LayerInfo record(A_long index, A_long width, A_long height)
-    {
+    static AssistantDlg::LayerInfo record(A_long index, A_long width, A_long height) {
         AssistantDlg::LayerInfo info{};
         info.index = index;
         info.dims = A_LPoint{width, height};

@@ -1,5 +1,5 @@
-#include "cylinder_fixture.h"
 #include "cylinder/cylinder_constants.h"
+#include "cylinder_fixture.h"
 #include "math/constants.h"
 
 #include <cmath>
@@ -9,8 +9,7 @@ namespace {
 using Vector = MainDlg::Vector;
 constexpr double kPi = math::Constant_PI;
 
-void expect_vector(const Vector& expected, const Vector& actual, double tolerance)
-{
+void expect_vector(const Vector& expected, const Vector& actual, double tolerance) {
     EXPECT_NEAR(expected.x, actual.x, tolerance);
     EXPECT_NEAR(expected.y, actual.y, tolerance);
     EXPECT_NEAR(expected.z, actual.z, tolerance);
@@ -20,8 +19,7 @@ class CylinderGeometryTest : public CylinderTest {};
 
 // ---- Cylinder coordinates ------------------------------------------------------------------
 
-TEST_F(CylinderGeometryTest, CylinderCoordinatesOfTheSidesAndTheAxisAndBackAndTheTangent)
-{
+TEST_F(CylinderGeometryTest, CylinderCoordinatesOfTheSidesAndTheAxisAndBackAndTheTangent) {
     // A point on the axis has no cylinder coordinates at all.
     EXPECT_EQ(Vector(0, 0, 0), dlg().cart_to_cyl(Vector(0, 50, 0)));
     EXPECT_EQ(Vector(0, 0, 0), dlg().cart_to_cyl(Vector(5e-13, 50, -5e-13)));
@@ -48,8 +46,7 @@ TEST_F(CylinderGeometryTest, CylinderCoordinatesOfTheSidesAndTheAxisAndBackAndTh
 
 // ---- Surface positions -------------------------------------------------------------------------
 
-TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipseOrOnTheGivenRadiusAndNowhereWithoutAnEllipse)
-{
+TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipseOrOnTheGivenRadiusAndNowhereWithoutAnEllipse) {
     set_float(EDIT_DIM_X, 1000);
     set_float(EDIT_DIM_Z, 400);
     const Vector right = dlg().get_position(kPi / 2, 10, 0);
@@ -76,8 +73,7 @@ TEST_F(CylinderGeometryTest, PositionOnTheDialogsEllipseOrOnTheGivenRadiusAndNow
 
 // ---- Normals -----------------------------------------------------------------------------------
 
-TEST_F(CylinderGeometryTest, NormalsAreOutwardOnBothHalvesAndFiniteNearTheSides)
-{
+TEST_F(CylinderGeometryTest, NormalsAreOutwardOnBothHalvesAndFiniteNearTheSides) {
     set_float(EDIT_DIM_X, 1000);
     set_float(EDIT_DIM_Z, 400);
     EXPECT_EQ(Vector(1, 0, 0), dlg().get_norm(Vector(500, 17, 0)));
@@ -96,8 +92,7 @@ TEST_F(CylinderGeometryTest, NormalsAreOutwardOnBothHalvesAndFiniteNearTheSides)
 
 // Each side alone is held through the even placement's values; a Front set in the other group
 // wins over a Right.
-TEST_F(CylinderGeometryTest, FrontStartAngleWinsOverARightInTheOtherGroup)
-{
+TEST_F(CylinderGeometryTest, FrontStartAngleWinsOverARightInTheOtherGroup) {
     begin_at(RADIO_BEGIN_RIGHT);
     set_bool(RADIO_BEGIN_FRONT, true);
     double phi = 1;
@@ -107,8 +102,7 @@ TEST_F(CylinderGeometryTest, FrontStartAngleWinsOverARightInTheOtherGroup)
     EXPECT_EQ(-1000, h);
 }
 
-TEST_F(CylinderGeometryTest, RingStartsOnTheChosenSide)
-{
+TEST_F(CylinderGeometryTest, RingStartsOnTheChosenSide) {
     const Vector axes(300, 9, 200);
     EXPECT_EQ(Vector(0, 0, 200), dlg().initial_pos_at_ring(axes));
     begin_at(RADIO_BEGIN_BACK);

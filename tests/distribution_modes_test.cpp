@@ -21,8 +21,7 @@ constexpr At kUntouched{-1};
 
 class DistributionModesTest : public CylinderTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         CylinderTest::SetUp();
         // A round cylinder of radius 500 unless a test says otherwise.
         set_float(EDIT_DIM_X, 1000);
@@ -32,41 +31,35 @@ protected:
     std::list<LayerInfo>& records() { return state().layers; }
     const LayerInfo& record(std::size_t i) { return nth(records(), i); }
 
-    void layers_of(int n, A_long width = 100, A_long height = 100)
-    {
+    void layers_of(int n, A_long width = 100, A_long height = 100) {
         set_layer_count(n, width, height);
         mark_snapshot(records());
     }
 
     // Lays out n layers of that size, or layers of the sizes given.
-    void place(int n, A_long width = 100, A_long height = 100)
-    {
+    void place(int n, A_long width = 100, A_long height = 100) {
         layers_of(n, width, height);
         dlg().get_layers_pos();
     }
-    void place(std::initializer_list<std::pair<A_long, A_long>> sizes)
-    {
+    void place(std::initializer_list<std::pair<A_long, A_long>> sizes) {
         set_layer_sizes(sizes);
         mark_snapshot(records());
         dlg().get_layers_pos();
     }
 
-    void given_steps(float degrees, float increment, float height_step)
-    {
+    void given_steps(float degrees, float increment, float height_step) {
         set_float(EDIT_MIN_LONGITUDE, degrees);
         set_float(EDIT_LONGITUDE_INCREMENT, increment);
         set_float(EDIT_MIN_LATITUDE, height_step);
     }
 
-    void radius_by_first(int layers)
-    {
+    void radius_by_first(int layers) {
         set_bool(CHECK_RADIUS_BY_FIRST, true);
         set_int(EDIT_RADIUS_LAYERS, layers);
     }
 
     // The first records, in order, are where `places` says.
-    void expect_places(std::initializer_list<At> places, std::size_t from = 0)
-    {
+    void expect_places(std::initializer_list<At> places, std::size_t from = 0) {
         std::size_t i = from;
         for (const At& at : places) {
             SCOPED_TRACE("record " + std::to_string(i));
@@ -85,8 +78,7 @@ protected:
 
 // ---- Distribute Evenly ---------------------------------------------------------------------------
 
-TEST_F(DistributionModesTest, EvenlyMakesRowsOfFourThenThreeFromBottomToTopIgnoringTheSector)
-{
+TEST_F(DistributionModesTest, EvenlyMakesRowsOfFourThenThreeFromBottomToTopIgnoringTheSector) {
     set_bool(CHECK_DISTRIBUTE_EVENLY, true);
     place(3);
     expect_places({{0, -1000}, {120, -1000}, {240, -1000}});
@@ -94,44 +86,55 @@ TEST_F(DistributionModesTest, EvenlyMakesRowsOfFourThenThreeFromBottomToTopIgnor
     ASSERT_EQ(0, dlg().get_layers_pos());
     expect_places({{0, -1000}, {90, -1000}, {180, -1000}, {270, -1000}, {0, 1000}, {120, 1000}, {240, 1000}});
     place(10);
-    expect_places({{0, -1000}, {90, -1000}, {180, -1000}, {270, -1000}, {0, 0}, {120, 0}, {240, 0}, {0, 1000},
-                   {120, 1000}, {240, 1000}});
+    expect_places({{0, -1000},
+                   {90, -1000},
+                   {180, -1000},
+                   {270, -1000},
+                   {0, 0},
+                   {120, 0},
+                   {240, 0},
+                   {0, 1000},
+                   {120, 1000},
+                   {240, 1000}});
     sectors({CHECK_SECTOR_FRONT});
     place(3);
     expect_places({{0, -1000}, {120, -1000}, {240, -1000}});
 }
 
-TEST_F(DistributionModesTest, EvenlySkipsRefusedSlotsAndLeavesLayersWithoutOne)
-{
+TEST_F(DistributionModesTest, EvenlySkipsRefusedSlotsAndLeavesLayersWithoutOne) {
     set_bool(CHECK_DISTRIBUTE_EVENLY, true);
     set_bool(CHECK_DONT_INTERSECT, true);
     // Two rows of four. The first layer reaches atan(1000/500) = 63.4 degrees to each side; the
     // second, atan(800/500) = 58 degrees, would touch it from 90 but not from 180. The refused
     // slot is not made up for: the last layer finds no slot.
     place({{2000, 100}, {1600, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100}, {10, 100}});
-    expect_places({{0, -1000}, {180, -1000}, {270, -1000}, {0, 1000}, {90, 1000}, {180, 1000}, {270, 1000},
-                   kUntouched});
+    expect_places(
+        {{0, -1000}, {180, -1000}, {270, -1000}, {0, 1000}, {90, 1000}, {180, 1000}, {270, 1000}, kUntouched});
 }
 
 // ---- Given steps ---------------------------------------------------------------------------------
 
-TEST_F(DistributionModesTest, GivenStepsGrowByTheIncrementsWithinARowAndFromRowToRow)
-{
+TEST_F(DistributionModesTest, GivenStepsGrowByTheIncrementsWithinARowAndFromRowToRow) {
     // The max fields (45 and 50 by default) take no part: the steps grow past them.
     given_steps(30, 10, 50);
     place(9);
     // The next step would make 420 degrees: a new row at the start angle, with steps from 30 again.
-    expect_places({{0, -1000}, {30, -1000}, {70, -1000}, {120, -1000}, {180, -1000}, {250, -1000}, {330, -1000},
-                   {0, -950}, {30, -950}});
+    expect_places({{0, -1000},
+                   {30, -1000},
+                   {70, -1000},
+                   {120, -1000},
+                   {180, -1000},
+                   {250, -1000},
+                   {330, -1000},
+                   {0, -950},
+                   {30, -950}});
     given_steps(180, 0, 50);
     set_float(EDIT_LATITUDE_INCREMENT, 20);
     place(8);
-    expect_places({{0, -1000}, {180, -1000}, {0, -950}, {180, -950}, {0, -880}, {180, -880}, {0, -790},
-                   {180, -790}});
+    expect_places({{0, -1000}, {180, -1000}, {0, -950}, {180, -950}, {0, -880}, {180, -880}, {0, -790}, {180, -790}});
 }
 
-TEST_F(DistributionModesTest, GivenStepsSkipTheBackHalfOfAFrontSectorAndNoSectorBoxChangesNothing)
-{
+TEST_F(DistributionModesTest, GivenStepsSkipTheBackHalfOfAFrontSectorAndNoSectorBoxChangesNothing) {
     // The sector's edges at 90 and 270 degrees belong to it.
     given_steps(90, 0, 50);
     sectors({CHECK_SECTOR_FRONT});
@@ -145,20 +148,33 @@ TEST_F(DistributionModesTest, GivenStepsSkipTheBackHalfOfAFrontSectorAndNoSector
 }
 
 // Each box admits a half of the cylinder, closed at both ends; a point on the axis is at 0 degrees.
-TEST_F(DistributionModesTest, SectorBoxesAcceptTheirHalfWithBothEdges)
-{
+TEST_F(DistributionModesTest, SectorBoxesAcceptTheirHalfWithBothEdges) {
     const double degrees[] = {0, 89, 90, 91, 179, 180, 181, 269, 270, 271, 359};
     const struct {
         std::vector<ADMInt32> boxes;
         const char* accepted;  // one letter per angle above, then the axis
     } cases[] = {
-        {{CHECK_SECTOR_FRONT}, "yyy-----yyy" "y"},
-        {{CHECK_SECTOR_RIGHT}, "yyyyyy-----" "y"},
-        {{CHECK_SECTOR_BACK}, "--yyyyyyy--" "-"},
-        {{CHECK_SECTOR_LEFT}, "y----yyyyyy" "y"},
-        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT}, "yyyyyy--yyy" "y"},
-        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK}, "yyyyyyyyyyy" "y"},
-        {{CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT}, "yyyyyyyyyyy" "y"},
+        {{CHECK_SECTOR_FRONT},
+         "yyy-----yyy"
+         "y"},
+        {{CHECK_SECTOR_RIGHT},
+         "yyyyyy-----"
+         "y"},
+        {{CHECK_SECTOR_BACK},
+         "--yyyyyyy--"
+         "-"},
+        {{CHECK_SECTOR_LEFT},
+         "y----yyyyyy"
+         "y"},
+        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT},
+         "yyyyyy--yyy"
+         "y"},
+        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK},
+         "yyyyyyyyyyy"
+         "y"},
+        {{CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT},
+         "yyyyyyyyyyy"
+         "y"},
     };
     for (const auto& c : cases) {
         sectors(c.boxes);
@@ -177,8 +193,7 @@ TEST_F(DistributionModesTest, SectorBoxesAcceptTheirHalfWithBothEdges)
     EXPECT_TRUE(dlg().is_pos_valid(Vector(0, 0, -500)));
 }
 
-TEST_F(DistributionModesTest, ZeroStepsStackTheLayersOrEndTheModeWhenNoPlaceIsFree)
-{
+TEST_F(DistributionModesTest, ZeroStepsStackTheLayersOrEndTheModeWhenNoPlaceIsFree) {
     given_steps(0, 0, 50);
     place(3);
     expect_places({{0, -1000}, {0, -1000}, {0, -1000}});
@@ -191,8 +206,7 @@ TEST_F(DistributionModesTest, ZeroStepsStackTheLayersOrEndTheModeWhenNoPlaceIsFr
     expect_places({{0, -1000}, {180, -1000}, kUntouched});
 }
 
-TEST_F(DistributionModesTest, GivenStepsAvoidPlacedLayersWalkingARowOfZeroHeightStepOnceMorePerLayer)
-{
+TEST_F(DistributionModesTest, GivenStepsAvoidPlacedLayersWalkingARowOfZeroHeightStepOnceMorePerLayer) {
     given_steps(0, 10, 50);
     set_bool(CHECK_DONT_INTERSECT, true);
     place(2);
@@ -213,8 +227,7 @@ TEST_F(DistributionModesTest, GivenStepsAvoidPlacedLayersWalkingARowOfZeroHeight
     expect_places({{0, -850}}, 2);
 }
 
-TEST_F(DistributionModesTest, RepeatsAreCutToTheLayersThatFit)
-{
+TEST_F(DistributionModesTest, RepeatsAreCutToTheLayersThatFit) {
     given_steps(360, 0, 100);
     set_float(EDIT_DIM_Y, 1600);
     set_bool(CHECK_REPEAT_LAYERS, true);
@@ -228,8 +241,7 @@ TEST_F(DistributionModesTest, RepeatsAreCutToTheLayersThatFit)
     }
 }
 
-TEST_F(DistributionModesTest, LayerCountLeavesRecordsAloneUsesTheSizesInTurnAndStopsAtAHundredThousand)
-{
+TEST_F(DistributionModesTest, LayerCountLeavesRecordsAloneUsesTheSizesInTurnAndStopsAtAHundredThousand) {
     given_steps(90, 0, 50);
     set_float(EDIT_DIM_Y, 100);
     layers_of(2);
@@ -258,8 +270,7 @@ TEST_F(DistributionModesTest, LayerCountLeavesRecordsAloneUsesTheSizesInTurnAndS
 
 // ---- Radius set by the first layers --------------------------------------------------------------
 
-TEST_F(DistributionModesTest, RadiusMakesTheFirstLayersCloseUpAndItsRowsGrowByTheIncrement)
-{
+TEST_F(DistributionModesTest, RadiusMakesTheFirstLayersCloseUpAndItsRowsGrowByTheIncrement) {
     radius_by_first(4);
     place(5, 200, 100);
     expect_places({{0, -1000, 100}, {90, -1000, 100}, {180, -1000, 100}, {270, -1000, 100}, {0, -950, 100}});
@@ -276,8 +287,7 @@ TEST_F(DistributionModesTest, RadiusMakesTheFirstLayersCloseUpAndItsRowsGrowByTh
     expect_places({{0, -1000, r}, {60, -1000, r}, {300, -1000, r}, {0, -950, r}});
 }
 
-TEST_F(DistributionModesTest, RadiusRowChangeClimbsPastTheLayersBelowAndTheModeEndsWhenNothingFits)
-{
+TEST_F(DistributionModesTest, RadiusRowChangeClimbsPastTheLayersBelowAndTheModeEndsWhenNothingFits) {
     radius_by_first(3);
     const double r = 100 / std::tan(math::Constant_PI / 3);
     place(4, 200, 100);
@@ -301,8 +311,7 @@ TEST_F(DistributionModesTest, RadiusRowChangeClimbsPastTheLayersBelowAndTheModeE
 
 // ---- Mode precedence: Evenly beats Radius, which beats Equator -----------------------------------
 
-TEST_F(DistributionModesTest, EvenlyBeatsRadiusSetByFirstWhichBeatsEquatorOnly)
-{
+TEST_F(DistributionModesTest, EvenlyBeatsRadiusSetByFirstWhichBeatsEquatorOnly) {
     set_bool(CHECK_DISTRIBUTE_EVENLY, true);
     radius_by_first(4);
     place(3, 200, 100);
@@ -315,8 +324,7 @@ TEST_F(DistributionModesTest, EvenlyBeatsRadiusSetByFirstWhichBeatsEquatorOnly)
 
 // ---- Equator -------------------------------------------------------------------------------------
 
-TEST_F(DistributionModesTest, EquatorWithEvenlySpreadsTheLayersAllAroundSkippingARefusedPlace)
-{
+TEST_F(DistributionModesTest, EquatorWithEvenlySpreadsTheLayersAllAroundSkippingARefusedPlace) {
     surface(RADIO_EQUATOR_ONLY);
     set_bool(CHECK_DISTRIBUTE_EVENLY, true);
     place(6);
@@ -328,8 +336,7 @@ TEST_F(DistributionModesTest, EquatorWithEvenlySpreadsTheLayersAllAroundSkipping
     expect_places({{0}, {120}, {180}, {240}, {300}, kUntouched});
 }
 
-TEST_F(DistributionModesTest, EquatorTakesGivenStepsAtMidHeightForOneTurn)
-{
+TEST_F(DistributionModesTest, EquatorTakesGivenStepsAtMidHeightForOneTurn) {
     surface(RADIO_EQUATOR_ONLY);
     given_steps(60, 30, 50);
     place(5);
@@ -344,8 +351,7 @@ TEST_F(DistributionModesTest, EquatorTakesGivenStepsAtMidHeightForOneTurn)
 
 // ---- Scale Layer to ------------------------------------------------------------------------------
 
-TEST_F(DistributionModesTest, ScaleLayerToMakesEveryLayerSquare)
-{
+TEST_F(DistributionModesTest, ScaleLayerToMakesEveryLayerSquare) {
     set_bool(CHECK_SCALE_LAYER, true);
     set_float(EDIT_FORCE_CONFORM, 200);
     set_layer_sizes({{400, 100}, {0, 100}});
@@ -368,8 +374,7 @@ TEST_F(DistributionModesTest, ScaleLayerToMakesEveryLayerSquare)
 
 // ---- Reproducibility -----------------------------------------------------------------------------
 
-TEST_F(DistributionModesTest, SameSettingsAndRecordsGiveTheSameLayoutBitForBitReseedingTheGenerator)
-{
+TEST_F(DistributionModesTest, SameSettingsAndRecordsGiveTheSameLayoutBitForBitReseedingTheGenerator) {
     given_steps(25, 5, 120);
     set_bool(CHECK_DONT_INTERSECT, true);
     set_float(EDIT_DIM_Z, 700);
@@ -389,4 +394,4 @@ TEST_F(DistributionModesTest, SameSettingsAndRecordsGiveTheSameLayoutBitForBitRe
     EXPECT_EQ(2u, state().volumes.size());
 }
 
-} // namespace
+}  // namespace

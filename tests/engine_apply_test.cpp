@@ -31,7 +31,7 @@ TEST_F(Apply, EachPressIsOneClosedUndoGroupNamedAfterTheAssistant) {
     }
     EXPECT_TRUE(host().undoBalanced());
     EXPECT_EQ(dlg().applies, 2);
-    EXPECT_EQ(comp().layers.size(), 3u);  // "Repeat Layers" is off
+    EXPECT_EQ(comp().layers.size(), 3u);               // "Repeat Layers" is off
     EXPECT_EQ(position(cards_[2]), vec(200, 0, 500));  // layer order, not selection order
 }
 

@@ -55,9 +55,9 @@ TEST_F(Controls, CropTextOptionNeedsA3DLayerWithASourceAndLayerSuite8) {
 TEST_F(Controls, OptionsOfMissingControlsCountAsOff) {
     const host::Id card = add_av("Card", 100, 100);
     select({card});
-    open_dialog({kAssistantReverseOrderId, kAssistantRandomOrderId, kAssistantUseCompCenterId,
-                 kAssistantRepeatLayersId, kAssistantRepeatSequentiallyId, kAssistantKeyPositionId,
-                 kAssistantKeyOrientationId, kAssistantKeyScaleId, kAssistantCropTextLayersId});
+    open_dialog({kAssistantReverseOrderId, kAssistantRandomOrderId, kAssistantUseCompCenterId, kAssistantRepeatLayersId,
+                 kAssistantRepeatSequentiallyId, kAssistantKeyPositionId, kAssistantKeyOrientationId,
+                 kAssistantKeyScaleId, kAssistantCropTextLayersId});
     EXPECT_FALSE(dlg().is_reverse_order() || dlg().is_random_order() || dlg().is_repeat_seq());
     EXPECT_FALSE(dlg().is_key_pos() || dlg().is_key_orient() || dlg().is_key_scale());
     EXPECT_TRUE(dlg().is_text_layer_use_comp_size());

@@ -20,8 +20,7 @@ struct Panel {
 
 class EquatorialRingTest : public CylinderTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         CylinderTest::SetUp();
         surface(RADIO_EQUATOR_ONLY);
         set_bool(CHECK_CREATE_RING, true);
@@ -31,8 +30,7 @@ protected:
 
     std::list<LayerInfo>& records() { return state().layers; }
 
-    void widths(std::initializer_list<A_long> ws)
-    {
+    void widths(std::initializer_list<A_long> ws) {
         records().clear();
         A_long index = 1;
         for (A_long w : ws) {
@@ -45,16 +43,14 @@ protected:
     // orientation (back half: X = -180 and Y = phi - 180; otherwise Y = -phi); the direction of
     // travel is that normal turned a quarter toward increasing angle. The last panel's true width
     // is its original width times its scale factor (its size is truncated).
-    std::vector<Panel> panels(const std::vector<double>& original_widths)
-    {
+    std::vector<Panel> panels(const std::vector<double>& original_widths) {
         std::vector<Panel> out;
         std::size_t i = 0;
         for (const LayerInfo& r : records()) {
             const AEGP_ThreeDVal& o = r.orientation.val.three_d;
             const double phi = (o.x < -90 ? o.y + 180 : -o.y) * math::Constant_PI / 180;
             const double scale = r.scale.val.three_d.x / 100;
-            out.push_back(Panel{layout_point(r), Vector(std::cos(phi), 0, -std::sin(phi)),
-                                original_widths[i] * scale});
+            out.push_back(Panel{layout_point(r), Vector(std::cos(phi), 0, -std::sin(phi)), original_widths[i] * scale});
             ++i;
         }
         return out;
@@ -62,8 +58,7 @@ protected:
 
     // Consecutive panels meet edge to edge, the last one closing on the first. The directions come
     // back through the written angles in degrees, good to about 1e-8 radians near the sides.
-    static void expect_closed(const std::vector<Panel>& ring, double tolerance)
-    {
+    static void expect_closed(const std::vector<Panel>& ring, double tolerance) {
         for (std::size_t i = 0; i < ring.size(); ++i) {
             const Vector a = ring[i].far_edge();
             const Vector b = ring[(i + 1) % ring.size()].near_edge();
@@ -74,8 +69,7 @@ protected:
 
     // How far the panel's line stays outside the ellipse x^2/a^2 + z^2/c^2 = 1: the minimum of the
     // ellipse's equation along the line, 1 when the line touches it.
-    static double touch(const Panel& p, double a, double c)
-    {
+    static double touch(const Panel& p, double a, double c) {
         const Vector& o = p.centre;
         const Vector& d = p.direction;
         const double t = -(o.x * d.x / (a * a) + o.z * d.z / (c * c)) / (d.x * d.x / (a * a) + d.z * d.z / (c * c));
@@ -87,8 +81,7 @@ protected:
 
 // ---- Line and ellipsoid --------------------------------------------------------------------------
 
-TEST_F(EquatorialRingTest, LineCrossesTheEllipsoidTwiceInOrderTouchesItOnceOrLeavesThePointsAlone)
-{
+TEST_F(EquatorialRingTest, LineCrossesTheEllipsoidTwiceInOrderTouchesItOnceOrLeavesThePointsAlone) {
     Vector p1;
     Vector p2;
     ASSERT_EQ(2, dlg().intersect_ellipse(Vector(-2, 0, 0), Vector(1, 0, 0), Vector(1, 1, 1), p1, p2));
@@ -115,8 +108,7 @@ TEST_F(EquatorialRingTest, LineCrossesTheEllipsoidTwiceInOrderTouchesItOnceOrLea
 
 // ---- The ring ------------------------------------------------------------------------------------
 
-TEST_F(EquatorialRingTest, FourLayersCloseIntoARing)
-{
+TEST_F(EquatorialRingTest, FourLayersCloseIntoARing) {
     // The ring neither tests nor records footprints.
     set_bool(CHECK_DONT_INTERSECT, true);
     widths({100, 100, 100, 100});
@@ -142,8 +134,7 @@ TEST_F(EquatorialRingTest, FourLayersCloseIntoARing)
     }
 }
 
-TEST_F(EquatorialRingTest, TheBoxGivesOnlyTheShapeADeeperOneADeeperRing)
-{
+TEST_F(EquatorialRingTest, TheBoxGivesOnlyTheShapeADeeperOneADeeperRing) {
     widths({100, 150, 120, 90, 60});
     dlg().get_layers_pos();
     const auto large = bytes_of(records());
@@ -167,8 +158,7 @@ TEST_F(EquatorialRingTest, TheBoxGivesOnlyTheShapeADeeperOneADeeperRing)
     }
 }
 
-TEST_F(EquatorialRingTest, BeginAtBackStartsAtTheBack)
-{
+TEST_F(EquatorialRingTest, BeginAtBackStartsAtTheBack) {
     begin_at(RADIO_BEGIN_BACK);
     widths({100, 100, 100, 100, 100, 100});
     dlg().get_layers_pos();
@@ -181,8 +171,7 @@ TEST_F(EquatorialRingTest, BeginAtBackStartsAtTheBack)
     expect_closed(panels(std::vector<double>(6, 100)), 1e-6);
 }
 
-TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayerUnlessItHasNoWidth)
-{
+TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayerUnlessItHasNoWidth) {
     widths({200, 200, 200, 50});
     std::prev(records().end())->scale.val.three_d = AEGP_ThreeDVal{80, 70, 60};
     dlg().get_layers_pos();
@@ -213,8 +202,7 @@ TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayerUnless
 
 // ---- Nothing to build ----------------------------------------------------------------------------
 
-TEST_F(EquatorialRingTest, TwoLayersWidthsSummingToZeroOrNoBoxLeaveEverything)
-{
+TEST_F(EquatorialRingTest, TwoLayersWidthsSummingToZeroOrNoBoxLeaveEverything) {
     for (std::initializer_list<A_long> ws : {std::initializer_list<A_long>{0, 0, 0}, {100, 100}}) {
         widths(ws);
         dlg().get_layers_pos();
@@ -233,4 +221,4 @@ TEST_F(EquatorialRingTest, TwoLayersWidthsSummingToZeroOrNoBoxLeaveEverything)
     }
 }
 
-} // namespace
+}  // namespace

@@ -31,8 +31,7 @@ inline bool dialogOpen(SweepSession& s) {
 }
 
 inline bool keysOn(SweepSession& s) {
-    return dialogOpen(s) && s.click(CHECK_KEY_POSITION) && s.click(CHECK_KEY_ORIENTATION) &&
-           s.click(CHECK_KEY_SCALE);
+    return dialogOpen(s) && s.click(CHECK_KEY_POSITION) && s.click(CHECK_KEY_ORIENTATION) && s.click(CHECK_KEY_SCALE);
 }
 
 inline bool repeatsOn(SweepSession& s) {

@@ -14,8 +14,8 @@ inline constexpr const char* kMenuText = "Orbisett";
 inline constexpr const char* kPanelName = "DE_Orbisett v1.3";
 
 struct HostKind {
-    bool panels = false;          // offers the workspace panel suite
-    bool layer_suite_10 = true;   // offers "AEGP Layer Suite" 10 (else copies go through command 2080)
+    bool panels = false;         // offers the workspace panel suite
+    bool layer_suite_10 = true;  // offers "AEGP Layer Suite" 10 (else copies go through command 2080)
 };
 
 class SweepSession {

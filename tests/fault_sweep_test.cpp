@@ -3,8 +3,8 @@
 // lets an exception out, every undo group is closed, every suite, stream and collection taken is
 // given back, no value becomes NaN or infinite, and either nothing changed or one undo restores
 // the project exactly.
-#include "fault_sweep_scenarios.h"
 #include "failing_allocation.h"
+#include "fault_sweep_scenarios.h"
 #include "fault_sweep_snapshot.h"
 
 #include <gtest/gtest.h>
@@ -22,10 +22,10 @@ namespace {
 
 struct RunResult {
     bool prepared = true;
-    long calls = 0;                    // host calls the swept action made
-    std::vector<std::string> failed;   // the calls the host made fail
+    long calls = 0;                   // host calls the swept action made
+    std::vector<std::string> failed;  // the calls the host made fail
     std::vector<std::string> problems;
-    int allowed_escapes = 0;           // from hooks that catch nothing
+    int allowed_escapes = 0;  // from hooks that catch nothing
     bool changed = false;
 };
 
@@ -139,9 +139,10 @@ TEST_P(FaultSweep, EveryHostCallFailsInTurn) {
         changed += run.changed ? 1 : 0;
         escapes += run.allowed_escapes;
     }
-    std::printf("[  sweep   ] %-36s error %3d: %4ld faults injected, %4d runs changed the project and were undone, "
-                "%d exceptions out of hooks that catch nothing\n",
-                scenario.name.c_str(), static_cast<int>(err), clean.calls, changed, escapes);
+    std::printf(
+        "[  sweep   ] %-36s error %3d: %4ld faults injected, %4d runs changed the project and were undone, "
+        "%d exceptions out of hooks that catch nothing\n",
+        scenario.name.c_str(), static_cast<int>(err), clean.calls, changed, escapes);
 }
 
 // A scenario's name as a test name: anything but letters and digits becomes '_'.
@@ -235,7 +236,8 @@ TEST(SweepChecks, KeptSuitesAndHandlesAreFoundUnlessAllowedOrTheirReleaseWasRefu
     EXPECT_EQ(1u, handleProblems(Span::within, Holdings{{}, 2, 0}, Excuse{}).size());
     EXPECT_EQ(1u, handleProblems(Span::shutdown, Holdings{{}, 1, 0}, Excuse{}).size());
     EXPECT_EQ(1u, handleProblems(Span::within, Holdings{{}, 0, 1}, Excuse{}).size());
-    EXPECT_TRUE(handleProblems(Span::within, Holdings{{}, 0, 1}, excuseFor({"AEGP_DisposeStream"}, Span::within)).empty());
+    EXPECT_TRUE(
+        handleProblems(Span::within, Holdings{{}, 0, 1}, excuseFor({"AEGP_DisposeStream"}, Span::within)).empty());
 }
 
 }  // namespace

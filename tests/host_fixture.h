@@ -37,14 +37,20 @@ protected:
 
     const AEGP_LayerSuite10* layers() { return suite<AEGP_LayerSuite10>(kAEGPLayerSuite, kAEGPLayerSuiteVersion10); }
     const AEGP_StreamSuite4* streams() { return suite<AEGP_StreamSuite4>(kAEGPStreamSuite, kAEGPStreamSuiteVersion4); }
-    const AEGP_KeyframeSuite1* keys() { return suite<AEGP_KeyframeSuite1>(kAEGPKeyframeSuite, kAEGPKeyframeSuiteVersion1); }
+    const AEGP_KeyframeSuite1* keys() {
+        return suite<AEGP_KeyframeSuite1>(kAEGPKeyframeSuite, kAEGPKeyframeSuiteVersion1);
+    }
     const AEGP_CompSuite4* comps() { return suite<AEGP_CompSuite4>(kAEGPCompSuite, kAEGPCompSuiteVersion4); }
     const AEGP_ItemSuite3* items() { return suite<AEGP_ItemSuite3>(kAEGPItemSuite, kAEGPItemSuiteVersion3); }
     const AEGP_CollectionSuite1* collections() {
         return suite<AEGP_CollectionSuite1>(kAEGPCollectionSuite, kAEGPCollectionSuiteVersion1);
     }
-    const AEGP_CommandSuite1* commands() { return suite<AEGP_CommandSuite1>(kAEGPCommandSuite, kAEGPCommandSuiteVersion1); }
-    const AEGP_UtilitySuite3* utility() { return suite<AEGP_UtilitySuite3>(kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3); }
+    const AEGP_CommandSuite1* commands() {
+        return suite<AEGP_CommandSuite1>(kAEGPCommandSuite, kAEGPCommandSuiteVersion1);
+    }
+    const AEGP_UtilitySuite3* utility() {
+        return suite<AEGP_UtilitySuite3>(kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3);
+    }
     const AEGP_RegisterSuite1* registry() {
         return suite<AEGP_RegisterSuite1>(kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1);
     }

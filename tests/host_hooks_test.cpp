@@ -90,8 +90,8 @@ TEST_F(HostHooks, UniqueCommandsMenuItemsAndRefusedRegistrations) {
     ASSERT_EQ(A_Err_NONE, commands()->AEGP_GetUniqueCommand(&second));
     EXPECT_NE(g_item, second);
     EXPECT_NE(0, second);
-    ASSERT_EQ(A_Err_NONE, commands()->AEGP_InsertMenuCommand(second, "Before", AEGP_Menu_FLOATERS,
-                                                             AEGP_MENU_INSERT_AT_TOP));
+    ASSERT_EQ(A_Err_NONE,
+              commands()->AEGP_InsertMenuCommand(second, "Before", AEGP_Menu_FLOATERS, AEGP_MENU_INSERT_AT_TOP));
     const host::MenuItem* item = h.findMenuItem("Orbisett");
     ASSERT_NE(nullptr, item);
     EXPECT_EQ(AEGP_Menu_FLOATERS, item->menu);

@@ -41,7 +41,8 @@ A_Err createPanel(AEGP_GlobalRefcon, AEGP_CreatePanelRefcon, AEGP_PlatformViewRe
     g_created.panel = panel;
     functions->GetSnapSizes = snapSizes;
     *refcon = reinterpret_cast<AEGP_PanelRefcon>(&g_created);
-    const EventTypeSpec events[] = {{kEventClassControl, kEventControlDispose}, {kEventClassControl, kEventControlDraw}};
+    const EventTypeSpec events[] = {{kEventClassControl, kEventControlDispose},
+                                    {kEventClassControl, kEventControlDraw}};
     InstallEventHandler(GetControlEventTarget(container), NewEventHandlerUPP(onViewEvent), 2, events, nullptr, nullptr);
     const void* table = nullptr;
     host::Host::current()->basicSuite()->AcquireSuite(kAEGPWorkspacePanelSuite, 1, &table);

@@ -161,11 +161,11 @@ TEST_F(HostReading, BadHandlesAndArgumentsAreErrorsThatTouchNothing) {
     AEGP_StreamVal v{};
     const A_Time at{0, 1};
     EXPECT_EQ(A_Err_PARAMETER, ss->AEGP_GetLayerStreamValue(h.layerHandle(b), AEGP_LayerStream_OPACITY,
-                                                           AEGP_LTimeMode_CompTime, &at, 0, &v, nullptr));
+                                                            AEGP_LTimeMode_CompTime, &at, 0, &v, nullptr));
     EXPECT_EQ(A_Err_PARAMETER, ss->AEGP_GetLayerStreamValue(h.layerHandle(b), AEGP_LayerStream_POSITION,
-                                                           AEGP_LTimeMode_CompTime, nullptr, 0, &v, nullptr));
-    EXPECT_EQ(A_Err_PARAMETER, ss->AEGP_GetLayerStreamValue(h.layerHandle(b), AEGP_LayerStream_POSITION, 7, &at,
-                                                           0, &v, nullptr));
+                                                            AEGP_LTimeMode_CompTime, nullptr, 0, &v, nullptr));
+    EXPECT_EQ(A_Err_PARAMETER,
+              ss->AEGP_GetLayerStreamValue(h.layerHandle(b), AEGP_LayerStream_POSITION, 7, &at, 0, &v, nullptr));
 }
 
 // Thousands of inserts and removals at random places, spread over many blocks, against a vector.

@@ -126,8 +126,8 @@ TEST_F(HostScene, OutputCarriesCopiesUndoGroupsReportsAndSettings) {
     auto* ut = utility();
     ut->AEGP_StartUndoGroup("Orbisett");
     host::Comp& c = *h.project().activeComp();
-    const host::Id copy = h.project().duplicate(c.layers[1].id);   // a copy of layer 2
-    h.project().duplicate(copy);                                    // a copy of that copy
+    const host::Id copy = h.project().duplicate(c.layers[1].id);  // a copy of layer 2
+    h.project().duplicate(copy);                                  // a copy of that copy
     ut->AEGP_EndUndoGroup();
     ut->AEGP_ReportInfo(1, "Could not add menu item.");
 
@@ -159,10 +159,12 @@ TEST_F(HostScene, BadFilesGiveOneMessageWithFilePlaceAndProblem) {
     EXPECT_EQ("bad.json: at $.comp.height: must be positive",
               messageOf(R"({"comp": {"name": "x", "width": 5, "height": -5}, "layers": []})"));
     const std::string comp = R"("comp": {"name": "x", "width": 5, "height": 5})";
-    EXPECT_EQ("bad.json: at $.layers[1].type: unknown layer type \"sphere\" (expected av, text, vector, camera or light)",
-              messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av"}, {"name": "b", "type": "sphere"}]})"));
-    EXPECT_EQ("bad.json: at $.layers[0].source.height: must be positive",
-              messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av", "source": {"width": 4, "height": -3}}]})"));
+    EXPECT_EQ(
+        "bad.json: at $.layers[1].type: unknown layer type \"sphere\" (expected av, text, vector, camera or light)",
+        messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av"}, {"name": "b", "type": "sphere"}]})"));
+    EXPECT_EQ(
+        "bad.json: at $.layers[0].source.height: must be positive",
+        messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av", "source": {"width": 4, "height": -3}}]})"));
     EXPECT_EQ("bad.json: at $.layers[0].position[2]: expected a number, found a string",
               messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av", "position": [1, 2, "z"]}]})"));
     EXPECT_EQ("bad.json: at $.layers[0].scale: expected 3 numbers, found 2",
@@ -171,8 +173,9 @@ TEST_F(HostScene, BadFilesGiveOneMessageWithFilePlaceAndProblem) {
               messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av"}], "selection": [2]})"));
     EXPECT_EQ("bad.json: at $.layers[0].positon: unknown key",
               messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av", "positon": [0, 0, 0]}]})"));
-    EXPECT_EQ("bad.json: at $.layers[0].source: only av layers have a source",
-              messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "text", "source": {"width": 1, "height": 1}}]})"));
+    EXPECT_EQ(
+        "bad.json: at $.layers[0].source: only av layers have a source",
+        messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "text", "source": {"width": 1, "height": 1}}]})"));
     EXPECT_EQ("bad.json: at $.layers[1].position[2]: not a usable number: number overflow parsing '-1e999'",
               messageOf("{" + comp + R"(, "layers": [{"name": "a", "type": "av"},
                   {"name": "b", "type": "av", "position": [0, {"x": 1}, -1e999]}]})"));

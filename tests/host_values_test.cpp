@@ -74,7 +74,8 @@ TEST_F(HostWriting, InsertKeyframeHoldsTheValueThereAndBadStreamsAndValuesAreRef
     streams()->AEGP_DisposeStream(s);
     // Bad streams and values are refused.
     EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_OPACITY, &s));
-    EXPECT_EQ(A_Err_PARAMETER, streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_POSITION, nullptr));
+    EXPECT_EQ(A_Err_PARAMETER,
+              streams()->AEGP_GetNewLayerStream(1, h.layerHandle(a), AEGP_LayerStream_POSITION, nullptr));
     EXPECT_EQ(0u, h.openStreams());
     s = openStream(a, AEGP_LayerStream_POSITION);
     AEGP_StreamRefH other = openStream(b, AEGP_LayerStream_POSITION);

@@ -14,8 +14,7 @@ struct Angles {
 
 class LayerOrientationTest : public CylinderTest {
 protected:
-    Angles orient(const Vector& n)
-    {
+    Angles orient(const Vector& n) {
         AEGP_StreamValue value{};
         dlg().orient_layer(n, &value);
         return {value.val.three_d.x, value.val.three_d.y, value.val.three_d.z};
@@ -26,8 +25,7 @@ protected:
 
 // Zeros and half turns come out exact, with the sign of zero; a quarter turn measured from a
 // cosine of about 1e-16 may land one unit in the last place away.
-void expect_same(double expected, double actual, const char* what)
-{
+void expect_same(double expected, double actual, const char* what) {
     if (expected == 0 || std::fabs(expected) == 180) {
         EXPECT_EQ(expected, actual) << what;
         EXPECT_EQ(std::signbit(expected), std::signbit(actual)) << what << " has the wrong sign of zero";
@@ -36,8 +34,7 @@ void expect_same(double expected, double actual, const char* what)
     }
 }
 
-void expect_angles(Angles expected, Angles actual)
-{
+void expect_angles(Angles expected, Angles actual) {
     expect_same(expected.x, actual.x, "X");
     expect_same(expected.y, actual.y, "Y");
     expect_same(expected.z, actual.z, "Z");
@@ -45,8 +42,7 @@ void expect_angles(Angles expected, Angles actual)
 
 // Straight at the back. Y is zero; its sign comes from the signed-angle rule (a zero angle
 // judged by a zero vector counts as negative), not from the closed form phi - 180.
-void expect_back(Angles actual)
-{
+void expect_back(Angles actual) {
     expect_same(-180, actual.x, "X");
     EXPECT_EQ(0, actual.y);
     expect_same(-180, actual.z, "Z");
@@ -54,8 +50,7 @@ void expect_back(Angles actual)
 
 // ---- The four sides ------------------------------------------------------------------------------
 
-TEST_F(LayerOrientationTest, OutwardAtFrontRightBackLeftAndInwardAHalfCircleMore)
-{
+TEST_F(LayerOrientationTest, OutwardAtFrontRightBackLeftAndInwardAHalfCircleMore) {
     expect_angles({-0.0, -0.0, -0.0}, orient(Vector(0, 0, 1)));
     expect_angles({-0.0, -90, 0}, orient(Vector(1, 0, 0)));
     expect_back(orient(Vector(0, 0, -1)));
@@ -67,8 +62,7 @@ TEST_F(LayerOrientationTest, OutwardAtFrontRightBackLeftAndInwardAHalfCircleMore
     expect_angles({-0.0, 270, 0}, orient(Vector(-1, 0, 0)));
 }
 
-TEST_F(LayerOrientationTest, NearlySidewaysNormalTakesTheSideRuleAndAZeroNormalFacesFront)
-{
+TEST_F(LayerOrientationTest, NearlySidewaysNormalTakesTheSideRuleAndAZeroNormalFacesFront) {
     // cos phi = 5e-13 is within 1e-12 of the side: no turn about X or Z, and Z stays +0.
     const Angles r = orient(Vector(1, 0, 5e-13));
     expect_same(-0.0, r.x, "X");
@@ -85,8 +79,7 @@ TEST_F(LayerOrientationTest, NearlySidewaysNormalTakesTheSideRuleAndAZeroNormalF
 
 // ---- Whether orientation is written -----------------------------------------------------------------
 
-TEST_F(LayerOrientationTest, OrientationIsWrittenUnlessTheSectorExcludesEverything)
-{
+TEST_F(LayerOrientationTest, OrientationIsWrittenUnlessTheSectorExcludesEverything) {
     EXPECT_TRUE(dlg().is_orient_changed());
     set_bool(RADIO_SECTOR, true);
     EXPECT_TRUE(dlg().is_orient_changed());  // the front box is on by default

@@ -16,15 +16,13 @@ using Vector = MainDlg::Vector;
 using LayerInfo = AssistantDlg::LayerInfo;
 
 // The host's frame has Y down and Z away from the viewer.
-inline Vector layout_point(const LayerInfo& record)
-{
+inline Vector layout_point(const LayerInfo& record) {
     const AEGP_ThreeDVal& v = record.position.val.three_d;
     return Vector(v.x, -v.y, -v.z);
 }
 
 // Angle around the cylinder in degrees, [0, 360), 0 at the front, 90 at the right.
-inline double degrees_around(const Vector& p)
-{
+inline double degrees_around(const Vector& p) {
     const double a = std::atan2(p.x, p.z) * 180 / math::Constant_PI;
     return a < -1e-9 ? a + 360 : (a < 0 ? 0 : a);
 }
@@ -35,30 +33,26 @@ inline double radius_of(const Vector& p) { return std::hypot(p.x, p.z); }
 inline constexpr AEGP_ThreeDVal kSnapshotPosition{-1234.5, 678.25, -9.75};
 inline constexpr AEGP_ThreeDVal kSnapshotOrientation{11, 22, 33};
 
-inline void mark_snapshot(std::list<LayerInfo>& layers)
-{
+inline void mark_snapshot(std::list<LayerInfo>& layers) {
     for (LayerInfo& record : layers) {
         record.position.val.three_d = kSnapshotPosition;
         record.orientation.val.three_d = kSnapshotOrientation;
     }
 }
 
-inline bool is_snapshot(const LayerInfo& record)
-{
+inline bool is_snapshot(const LayerInfo& record) {
     const AEGP_ThreeDVal& p = record.position.val.three_d;
     const AEGP_ThreeDVal& o = record.orientation.val.three_d;
     return p.x == kSnapshotPosition.x && p.y == kSnapshotPosition.y && p.z == kSnapshotPosition.z &&
            o.x == kSnapshotOrientation.x && o.y == kSnapshotOrientation.y && o.z == kSnapshotOrientation.z;
 }
 
-inline const LayerInfo& nth(const std::list<LayerInfo>& layers, std::size_t i)
-{
+inline const LayerInfo& nth(const std::list<LayerInfo>& layers, std::size_t i) {
     return *std::next(layers.begin(), static_cast<std::ptrdiff_t>(i));
 }
 
 // Everything a layout may write, as raw bytes, so two runs can be compared bit for bit.
-inline std::vector<unsigned char> bytes_of(const std::list<LayerInfo>& layers)
-{
+inline std::vector<unsigned char> bytes_of(const std::list<LayerInfo>& layers) {
     std::vector<unsigned char> out;
     auto append = [&out](const void* data, std::size_t n) {
         const auto* b = static_cast<const unsigned char*>(data);
@@ -74,8 +68,7 @@ inline std::vector<unsigned char> bytes_of(const std::list<LayerInfo>& layers)
     return out;
 }
 
-inline bool all_finite(const std::list<LayerInfo>& layers)
-{
+inline bool all_finite(const std::list<LayerInfo>& layers) {
     for (const LayerInfo& record : layers) {
         for (const AEGP_StreamValue* v : {&record.scale, &record.position, &record.orientation}) {
             const AEGP_ThreeDVal& t = v->val.three_d;
@@ -87,4 +80,4 @@ inline bool all_finite(const std::list<LayerInfo>& layers)
     return true;
 }
 
-} // namespace layout_records
+}  // namespace layout_records

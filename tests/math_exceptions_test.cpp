@@ -13,14 +13,12 @@ static_assert(std::is_base_of_v<math::MathException, math::MatrixException>);
 static_assert(std::is_base_of_v<core::Exception, math::MathException>);
 static_assert(std::has_virtual_destructor_v<core::Exception>);
 
-TEST(MathExceptions, MessageIsTheUnresolvedResourceText)
-{
+TEST(MathExceptions, MessageIsTheUnresolvedResourceText) {
     const core::Exception e(42);
     EXPECT_EQ(e.getMessage(), "Resource string not implemented");
 }
 
-TEST(MathExceptions, MessageReplacementIgnoresArguments)
-{
+TEST(MathExceptions, MessageReplacementIgnoresArguments) {
     math::SingularMatrix3DException e(0);
     e.message(7, 3.5, "ignored", std::string("also ignored"));
     EXPECT_EQ(e.getMessage(), "Resource string not implemented");

@@ -1,5 +1,5 @@
-#include "math/constants.h"
 #include "math/matrix3d.h"
+#include "math/constants.h"
 
 #include <gtest/gtest.h>
 
@@ -16,8 +16,7 @@ namespace {
 // Rotation by a quarter turn about z, then a shift of 5 along x.
 const Mat kRigid(0, -1, 0, 5, 1, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1);
 
-Rows rowsOf(const Mat& m)
-{
+Rows rowsOf(const Mat& m) {
     Rows rows{};
     for (int r = 0; r < 4; ++r) {
         for (int c = 0; c < 4; ++c) {
@@ -27,8 +26,7 @@ Rows rowsOf(const Mat& m)
     return rows;
 }
 
-Rows product(const Mat& a, const Mat& b)
-{
+Rows product(const Mat& a, const Mat& b) {
     Rows rows{};
     for (int r = 0; r < 4; ++r) {
         for (int c = 0; c < 4; ++c) {
@@ -40,8 +38,7 @@ Rows product(const Mat& a, const Mat& b)
     return rows;
 }
 
-void expectNearIdentity(const Rows& rows)
-{
+void expectNearIdentity(const Rows& rows) {
     for (int r = 0; r < 4; ++r) {
         for (int c = 0; c < 4; ++c) {
             EXPECT_NEAR(rows[r][c], r == c ? 1.0 : 0.0, 1e-14) << "row " << r << " col " << c;
@@ -49,17 +46,15 @@ void expectNearIdentity(const Rows& rows)
     }
 }
 
-void expectVec(const Vec& actual, double x, double y, double z)
-{
+void expectVec(const Vec& actual, double x, double y, double z) {
     EXPECT_EQ(actual.x, x);
     EXPECT_EQ(actual.y, y);
     EXPECT_EQ(actual.z, z);
 }
 
-} // namespace
+}  // namespace
 
-TEST(MatrixClassification, IdentityRigidOrGeneralWithFloatTolerances)
-{
+TEST(MatrixClassification, IdentityRigidOrGeneralWithFloatTolerances) {
     EXPECT_EQ(Mat().flags(), 3);
     EXPECT_EQ(Mat::HI().flags(), 3);
     EXPECT_EQ(&Mat::HI(), &Mat::HI());
@@ -87,8 +82,7 @@ TEST(MatrixClassification, IdentityRigidOrGeneralWithFloatTolerances)
     EXPECT_EQ(Mat(1, 1e-39, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1).flags(), 1);
 }
 
-TEST(MatrixTransform, RigidSkipsTheBottomRowProjectiveDividesByWAndZeroWThrows)
-{
+TEST(MatrixTransform, RigidSkipsTheBottomRowProjectiveDividesByWAndZeroWThrows) {
     expectVec(kRigid * Vec(1, 2, 3), 3, 1, 3);
     const Mat projective(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 1, 1);
     expectVec(projective * Vec(1, 2, 3), 0.25, 0.5, 0.75);
@@ -97,8 +91,7 @@ TEST(MatrixTransform, RigidSkipsTheBottomRowProjectiveDividesByWAndZeroWThrows)
     expectVec(focus * Vec(2, 4, 5), 1, 2, 2.5);
 }
 
-TEST(MatrixInverse, IdentityUnchangedRigidTransposedGeneralScaleAndShiftExact)
-{
+TEST(MatrixInverse, IdentityUnchangedRigidTransposedGeneralScaleAndShiftExact) {
     Mat m;
     m.Inverse();
     EXPECT_EQ(m.flags(), 3);
@@ -114,12 +107,10 @@ TEST(MatrixInverse, IdentityUnchangedRigidTransposedGeneralScaleAndShiftExact)
     ASSERT_EQ(general.flags(), 0);
     general.Inverse();
     EXPECT_EQ(general.flags(), 0);
-    EXPECT_EQ(rowsOf(general),
-              (Rows{{{0.5, 0, 0, -0.5}, {0, 0.25, 0, -0.5}, {0, 0, 0.125, -0.375}, {0, 0, 0, 1}}}));
+    EXPECT_EQ(rowsOf(general), (Rows{{{0.5, 0, 0, -0.5}, {0, 0.25, 0, -0.5}, {0, 0, 0.125, -0.375}, {0, 0, 0, 1}}}));
 }
 
-TEST(MatrixInverse, GeneralMatricesMultiplyBackFollowingThePivotOrderToTheBit)
-{
+TEST(MatrixInverse, GeneralMatricesMultiplyBackFollowingThePivotOrderToTheBit) {
     // Zeros on the diagonal force pivots off it, so the column unscrambling is exercised.
     const Mat swaps(0, 2, 0, 1, 3, 0, 0, 0, 0, 0, 0, 5, 0.5, 0, 4, 0);
     const Mat inverse = swaps.Inversed();
@@ -147,8 +138,7 @@ TEST(MatrixInverse, GeneralMatricesMultiplyBackFollowingThePivotOrderToTheBit)
     }
 }
 
-TEST(MatrixInverse, SingularThrowsAndInversedLeavesTheSource)
-{
+TEST(MatrixInverse, SingularThrowsAndInversedLeavesTheSource) {
     const Mat zero(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
     EXPECT_THROW(zero.Inversed(), math::SingularMatrix3DException);
     EXPECT_EQ(rowsOf(zero), Rows{});
@@ -163,8 +153,7 @@ TEST(MatrixInverse, SingularThrowsAndInversedLeavesTheSource)
     EXPECT_EQ(rowsOf(m), before);
 }
 
-TEST(MatrixRotate, RightHandedTurnsAndAZeroAxisScalesByTheCosine)
-{
+TEST(MatrixRotate, RightHandedTurnsAndAZeroAxisScalesByTheCosine) {
     const Mat m = Mat::BuildRotate(Vec(0, 0, 2), math::Constant_Half_PI);
     EXPECT_EQ(m.flags(), 1);
     const Vec turned = m * Vec(1, 0, 0);

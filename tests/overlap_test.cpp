@@ -9,32 +9,27 @@ using Vector = MainDlg::Vector;
 constexpr double kDeg = math::Constant_PI / 180;
 
 // A point at radius 500, angle in degrees, height h.
-Vector at(double degrees, double h)
-{
+Vector at(double degrees, double h) {
     return Vector(500 * std::sin(degrees * kDeg), h, 500 * std::cos(degrees * kDeg));
 }
 
-SolidAngle band(double begin_degrees, double end_degrees, double low, double high)
-{
+SolidAngle band(double begin_degrees, double end_degrees, double low, double high) {
     return SolidAngle{begin_degrees * kDeg, end_degrees * kDeg, low, high};
 }
 
 class OverlapTest : public CylinderTest {
 protected:
-    bool contains(const SolidAngle& b, const Vector& q, bool height_only = false)
-    {
+    bool contains(const SolidAngle& b, const Vector& q, bool height_only = false) {
         return dlg().contains(b, q, height_only);
     }
-    bool intersects(const Vector& p, A_LPoint size, bool height_only = false)
-    {
+    bool intersects(const Vector& p, A_LPoint size, bool height_only = false) {
         return dlg().intersects(p, size, height_only);
     }
 };
 
 // ---- Bands ---------------------------------------------------------------------------------------
 
-TEST_F(OverlapTest, BandsHoldTheirAnglesAndHeightsEdgesIncluded)
-{
+TEST_F(OverlapTest, BandsHoldTheirAnglesAndHeightsEdgesIncluded) {
     const SolidAngle b = band(350, 10, -50, 50);
     EXPECT_TRUE(contains(b, at(5, 0)));
     EXPECT_TRUE(contains(b, at(355, 0)));
@@ -68,8 +63,7 @@ TEST_F(OverlapTest, BandsHoldTheirAnglesAndHeightsEdgesIncluded)
 
 // ---- Candidates against placed layers ------------------------------------------------------------
 
-TEST_F(OverlapTest, CandidatesOverlapPlacedLayersOnlyWithDontIntersect)
-{
+TEST_F(OverlapTest, CandidatesOverlapPlacedLayersOnlyWithDontIntersect) {
     dlg().add_volume(at(0, 0), A_LPoint{100, 100});
     EXPECT_FALSE(intersects(at(0, 0), A_LPoint{100, 100}));
     EXPECT_FALSE(intersects(at(0, 0), A_LPoint{100, 100}, true));
@@ -86,8 +80,7 @@ TEST_F(OverlapTest, CandidatesOverlapPlacedLayersOnlyWithDontIntersect)
     EXPECT_FALSE(intersects(at(180, 160), A_LPoint{100, 100}, true));
 }
 
-TEST_F(OverlapTest, OnlyTheCandidatesPointsAreTested)
-{
+TEST_F(OverlapTest, OnlyTheCandidatesPointsAreTested) {
     set_bool(CHECK_DONT_INTERSECT, true);
     dlg().add_volume(at(0, 0), A_LPoint{10, 10});
     // Its rectangle covers the small layer, but none of its five points falls in the small band.
@@ -98,4 +91,4 @@ TEST_F(OverlapTest, OnlyTheCandidatesPointsAreTested)
     EXPECT_TRUE(intersects(at(0, 0), A_LPoint{10, 10}));
 }
 
-} // namespace
+}  // namespace

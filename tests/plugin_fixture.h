@@ -17,8 +17,7 @@ inline constexpr const char* kPanelName = "DE_Orbisett v1.3";
 
 class PluginTest : public ::testing::Test {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         platform::reset();
         host_ = std::make_unique<host::Host>();
         host::Project& project = host_->project();
@@ -34,8 +33,7 @@ protected:
         select(cards_);
     }
 
-    void TearDown() override
-    {
+    void TearDown() override {
         if (host_->pluginLoaded()) {
             host_->unloadPlugin();
         }
@@ -43,8 +41,7 @@ protected:
         platform::reset();
     }
 
-    void load(bool panels)
-    {
+    void load(bool panels) {
         if (!panels) {
             host_->withholdSuite(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1);
         }

@@ -6,8 +6,7 @@ namespace {
 
 class WorkspacePanel : public PluginTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         PluginTest::SetUp();
         load(true);
     }
@@ -16,8 +15,7 @@ protected:
     ControlRef panel_control(ADMInt32 id) const { return platform::findControlById(view(), id); }
 };
 
-TEST_F(WorkspacePanel, PanelIsRegisteredUnderItsMatchNameAndRefreshesBeforeItExistsTouchNoWindow)
-{
+TEST_F(WorkspacePanel, PanelIsRegisteredUnderItsMatchNameAndRefreshesBeforeItExistsTouchNoWindow) {
     EXPECT_EQ(std::vector<std::string>{kPanelName}, host_->panelNames());
     EXPECT_FALSE(host_->panelCreated(kPanelName));
     host_->idle(3);
@@ -28,8 +26,7 @@ TEST_F(WorkspacePanel, PanelIsRegisteredUnderItsMatchNameAndRefreshesBeforeItExi
     EXPECT_TRUE(host_->escapedExceptions().empty());
 }
 
-TEST_F(WorkspacePanel, EachCommandTogglesThePanelOfTheDialogsSizeAndTheItemIsNeverChecked)
-{
+TEST_F(WorkspacePanel, EachCommandTogglesThePanelOfTheDialogsSizeAndTheItemIsNeverChecked) {
     command();
     ASSERT_TRUE(host_->panelCreated(kPanelName));
     EXPECT_TRUE(host_->panelShown(kPanelName));
@@ -51,8 +48,7 @@ TEST_F(WorkspacePanel, EachCommandTogglesThePanelOfTheDialogsSizeAndTheItemIsNev
     EXPECT_EQ(383, sizes[0].y);
 }
 
-TEST_F(WorkspacePanel, ApplyFromThePanelArrangesTheSelection)
-{
+TEST_F(WorkspacePanel, ApplyFromThePanelArrangesTheSelection) {
     command();
     ASSERT_TRUE(platform::click(panel_control(BUTTON_APPLY)).ok());
     const host::Layer* first = host_->project().layer(cards_[0]);
@@ -61,8 +57,7 @@ TEST_F(WorkspacePanel, ApplyFromThePanelArrangesTheSelection)
     EXPECT_TRUE(host_->undoBalanced());
 }
 
-TEST_F(WorkspacePanel, DisposedPanelIsBuiltAgainWithInitialValues)
-{
+TEST_F(WorkspacePanel, DisposedPanelIsBuiltAgainWithInitialValues) {
     command();
     ASSERT_TRUE(platform::typeText(panel_control(EDIT_DIM_X), "777").ok());
     ASSERT_TRUE(host_->disposePanel(kPanelName));

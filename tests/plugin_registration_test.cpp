@@ -8,8 +8,7 @@ class Registration : public PluginTest {
 protected:
     A_Err start() { return host_->loadPlugin(ORBISETT_MODULE_PATH); }
 
-    std::vector<std::string> report_texts() const
-    {
+    std::vector<std::string> report_texts() const {
         std::vector<std::string> texts;
         for (const host::Report& report : host_->reports()) {
             texts.push_back(report.text);
@@ -18,8 +17,7 @@ protected:
     }
 };
 
-TEST_F(Registration, EverythingRegisteredOnAHostWithPanels)
-{
+TEST_F(Registration, EverythingRegisteredOnAHostWithPanels) {
     ASSERT_EQ(A_Err_NONE, start());
     EXPECT_TRUE(host_->reports().empty());
     // Death, command, catch-all command, update menu, idle, create panel.
@@ -27,8 +25,7 @@ TEST_F(Registration, EverythingRegisteredOnAHostWithPanels)
     EXPECT_NE(nullptr, menu_item());
 }
 
-TEST_F(Registration, RefusedDeathHookIsReportedAndNothingElseIsSetUp)
-{
+TEST_F(Registration, RefusedDeathHookIsReportedAndNothingElseIsSetUp) {
     host_->failFunction("AEGP_RegisterDeathHook", A_Err_GENERIC);
     EXPECT_EQ(A_Err_NONE, start()) << "the result of the report";
     EXPECT_EQ(std::vector<std::string>{"Could not register death hook."}, report_texts());
@@ -36,16 +33,14 @@ TEST_F(Registration, RefusedDeathHookIsReportedAndNothingElseIsSetUp)
     EXPECT_EQ(nullptr, menu_item());
 }
 
-TEST_F(Registration, FailedReportOfTheDeathHookIsTheEntryResult)
-{
+TEST_F(Registration, FailedReportOfTheDeathHookIsTheEntryResult) {
     host_->failFunction("AEGP_RegisterDeathHook", A_Err_GENERIC);
     host_->failFunction("AEGP_ReportInfo", A_Err_ALLOC);
     EXPECT_EQ(A_Err_ALLOC, start());
     EXPECT_EQ(A_Err_ALLOC, host_->entryResult());
 }
 
-TEST_F(Registration, OnlyAModuleWithAnEntryPointLoadsAndOnlyOne)
-{
+TEST_F(Registration, OnlyAModuleWithAnEntryPointLoadsAndOnlyOne) {
     EXPECT_EQ(A_Err_GENERIC, host_->loadPlugin("/nonexistent/plugin.so"));
     EXPECT_FALSE(host_->loaderError().empty());
     EXPECT_EQ(A_Err_GENERIC, host_->loadPlugin("libm.so.6"));  // a library without the entry point
@@ -55,8 +50,7 @@ TEST_F(Registration, OnlyAModuleWithAnEntryPointLoadsAndOnlyOne)
     EXPECT_EQ(A_Err_GENERIC, start());
 }
 
-TEST_F(Registration, NoUniqueCommandIsReportedAndNoCommandIsHooked)
-{
+TEST_F(Registration, NoUniqueCommandIsReportedAndNoCommandIsHooked) {
     host_->failFunction("AEGP_GetUniqueCommand", A_Err_GENERIC);
     EXPECT_EQ(A_Err_NONE, start());
     EXPECT_EQ(std::vector<std::string>{"Could not add menu item."}, report_texts());
@@ -70,8 +64,7 @@ TEST_F(Registration, NoUniqueCommandIsReportedAndNoCommandIsHooked)
     EXPECT_EQ(layers + 1, host_->project().comp(comp_)->layers.size());
 }
 
-TEST_F(Registration, EachRefusedHookIsReportedWithItsError)
-{
+TEST_F(Registration, EachRefusedHookIsReportedWithItsError) {
     for (const char* function : {"AEGP_InsertMenuCommand", "AEGP_RegisterCommandHook", "AEGP_RegisterUpdateMenuHook",
                                  "AEGP_RegisterIdleHook", "AEGP_RegisterCreatePanelHook"}) {
         SCOPED_TRACE(function);

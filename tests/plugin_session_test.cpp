@@ -6,13 +6,11 @@ namespace {
 
 class Session : public PluginTest {};
 
-host::Vec3 value(const host::Host& h, host::Id layer, host::Prop prop)
-{
+host::Vec3 value(const host::Host& h, host::Id layer, host::Prop prop) {
     return h.project().layer(layer)->prop(prop).value;
 }
 
-TEST_F(Session, FourCardsDistributedEvenlyThenUndone)
-{
+TEST_F(Session, FourCardsDistributedEvenlyThenUndone) {
     load(false);
     host_->project().layer(cards_[2])->prop(host::Prop::rotate_x).value.x = 20;
     const host::Vec3 before = value(*host_, cards_[0], host::Prop::position);
@@ -42,8 +40,7 @@ TEST_F(Session, FourCardsDistributedEvenlyThenUndone)
     EXPECT_EQ(20, value(*host_, cards_[2], host::Prop::rotate_x).x);
 }
 
-TEST_F(Session, KeysOnPositionOnlyGiveOneKeyPerLayerAtTheCurrentTime)
-{
+TEST_F(Session, KeysOnPositionOnlyGiveOneKeyPerLayerAtTheCurrentTime) {
     host_->project().comp(comp_)->time = A_Time{15, 30};
     load(false);
     command();

@@ -6,22 +6,19 @@ namespace {
 
 class FloatingWindow : public PluginTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         PluginTest::SetUp();
         load(false);
     }
 
     bool window_visible() const { return window() != nullptr && IsWindowVisible(window()); }
-    bool menu_checked()
-    {
+    bool menu_checked() {
         host_->updateMenus();
         return menu_item()->checked;
     }
 };
 
-TEST_F(FloatingWindow, FirstCommandOfTheFloatersItemShowsTheWindowAndASecondBringsTheSameOneUp)
-{
+TEST_F(FloatingWindow, FirstCommandOfTheFloatersItemShowsTheWindowAndASecondBringsTheSameOneUp) {
     const host::MenuItem* item = menu_item();
     ASSERT_NE(nullptr, item);
     EXPECT_EQ(AEGP_Menu_FLOATERS, item->menu);
@@ -40,8 +37,7 @@ TEST_F(FloatingWindow, FirstCommandOfTheFloatersItemShowsTheWindowAndASecondBrin
     EXPECT_TRUE(IsWindowVisible(first));
 }
 
-TEST_F(FloatingWindow, CloseBoxHidesKeepingTheValuesAndAfterTheWindowIsDestroyedAFreshOneIsBuilt)
-{
+TEST_F(FloatingWindow, CloseBoxHidesKeepingTheValuesAndAfterTheWindowIsDestroyedAFreshOneIsBuilt) {
     command();
     ASSERT_TRUE(platform::typeText(control(EDIT_DIM_X), "1234").ok());
     ASSERT_TRUE(platform::click(control(CHECK_DISTRIBUTE_EVENLY)).ok());
@@ -68,13 +64,12 @@ TEST_F(FloatingWindow, CloseBoxHidesKeepingTheValuesAndAfterTheWindowIsDestroyed
     EXPECT_EQ(0, GetControl32BitValue(control(CHECK_DISTRIBUTE_EVENLY)));
 }
 
-TEST_F(FloatingWindow, SelectionWithoutArrangeableLayersGreysTheMenuItemAndTheDialog)
-{
+TEST_F(FloatingWindow, SelectionWithoutArrangeableLayersGreysTheMenuItemAndTheDialog) {
     command();
     ASSERT_TRUE(IsControlEnabled(control(BUTTON_APPLY)));
 
-    for (const auto& selection : {std::vector<host::Id>{flat_}, std::vector<host::Id>{camera_, light_},
-                                  std::vector<host::Id>{}}) {
+    for (const auto& selection :
+         {std::vector<host::Id>{flat_}, std::vector<host::Id>{camera_, light_}, std::vector<host::Id>{}}) {
         select(selection);
         host_->updateMenus();
         EXPECT_FALSE(menu_item()->enabled);

@@ -1,9 +1,9 @@
 // The plug-in's suite access against the host: each suite acquired once per handler and
 // released once, missing suites thrown as 516 with nothing left held, and the shell's global
 // suites released exactly as acquired.
+#include "shell/suite_handler.h"
 #include "host/host.h"
 #include "shell/global_suites.h"
-#include "shell/suite_handler.h"
 
 #include <gtest/gtest.h>
 

@@ -8,9 +8,9 @@ using Controls = ToolkitWindowTest;
 
 TEST_F(Controls, EachTypeMakesItsPlatformControlFoundByItsId) {
     const std::pair<const char*, const char*> types[] = {
-        {kADMFrameType, "grpb"},          {kADMPicturePushButtonType, "bevl"}, {kADMPictureStaticType, "icon"},
-        {kADMPopupListType, "popb"},      {kADMPopupMenuType, "popb"},         {kADMTextCheckBoxType, "cbox"},
-        {kADMTextEditType, "eutx"},       {kADMTextPushButtonType, "push"},    {kADMTextRadioButtonType, "rdio"},
+        {kADMFrameType, "grpb"},      {kADMPicturePushButtonType, "bevl"}, {kADMPictureStaticType, "icon"},
+        {kADMPopupListType, "popb"},  {kADMPopupMenuType, "popb"},         {kADMTextCheckBoxType, "cbox"},
+        {kADMTextEditType, "eutx"},   {kADMTextPushButtonType, "push"},    {kADMTextRadioButtonType, "rdio"},
         {kADMTextStaticType, "stxt"},
     };
     ADMInt32 id = 100;
@@ -103,7 +103,8 @@ TEST_F(Controls, PopupEntriesAreInsertedSelectedChosenAndRemovedInMenusOfTheirOw
     // Choosing an entry notifies.
     ADMItemRef menu = add(dialog, 31, kADMPopupMenuType);
     ADMListRef entries = sADMItem->GetList(menu);
-    for (ADMInt32 i = 0; i < 3; ++i) sADMList->InsertEntry(entries, i);
+    for (ADMInt32 i = 0; i < 3; ++i)
+        sADMList->InsertEntry(entries, i);
     ASSERT_TRUE(platform::choosePopupItem(find(31), 3).ok());
     ASSERT_EQ(1u, recorder.notes.size());
     EXPECT_EQ(menu, recorder.notes[0].item);

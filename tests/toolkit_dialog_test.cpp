@@ -14,14 +14,22 @@ struct StyleCase {
 
 TEST_F(DialogWindows, EachStyleMakesItsWindowClassWithStandardBits) {
     const StyleCase cases[] = {
-        {kADMModalDialogStyle, 4, 0},          {kADMAlertDialogStyle, 1, 0},
-        {kADMFloatingDialogStyle, 5, 9},       {kADMTabbedFloatingDialogStyle, 5, 9},
-        {kADMResizingFloatingDialogStyle, 5, 25}, {kADMTabbedResizingFloatingDialogStyle, 5, 25},
-        {kADMPopupDialogStyle, 5, 521},        {kADMNoCloseFloatingDialogStyle, 5, 8},
-        {kADMSystemAlertDialogStyle, 1, 0},    {kADMPopupModalDialogStyle, 4, 0},
-        {kADMWindowDialogStyle, 6, 31},        {kADMSideTitleFloatingDialogStyle, 5, 41},
-        {kADMNoCloseSideTitleFloatingDialogStyle, 5, 40}, {kADMPopupFloatingDialogStyle, 5, 521},
-        {kADMTabbedHierarchyFloatingDialogStyle, 5, 9}, {kADMTabbedResizingHierarchyFloatingDialogStyle, 5, 25},
+        {kADMModalDialogStyle, 4, 0},
+        {kADMAlertDialogStyle, 1, 0},
+        {kADMFloatingDialogStyle, 5, 9},
+        {kADMTabbedFloatingDialogStyle, 5, 9},
+        {kADMResizingFloatingDialogStyle, 5, 25},
+        {kADMTabbedResizingFloatingDialogStyle, 5, 25},
+        {kADMPopupDialogStyle, 5, 521},
+        {kADMNoCloseFloatingDialogStyle, 5, 8},
+        {kADMSystemAlertDialogStyle, 1, 0},
+        {kADMPopupModalDialogStyle, 4, 0},
+        {kADMWindowDialogStyle, 6, 31},
+        {kADMSideTitleFloatingDialogStyle, 5, 41},
+        {kADMNoCloseSideTitleFloatingDialogStyle, 5, 40},
+        {kADMPopupFloatingDialogStyle, 5, 521},
+        {kADMTabbedHierarchyFloatingDialogStyle, 5, 9},
+        {kADMTabbedResizingHierarchyFloatingDialogStyle, 5, 25},
     };
     for (const StyleCase& c : cases) {
         ADMDialogRef dialog = makeWindowDialog(c.style);
@@ -125,7 +133,8 @@ TEST_F(ShownDialog, ItemsAreFoundByIdInCreationOrderAndAHundredAndFirstIsRefused
     EXPECT_EQ(nullptr, add(dialog, 300, kADMTextStaticType));
     EXPECT_EQ(nullptr, sADMDialog->GetItem(dialog, 300));
     int count = 0;
-    for (ADMItemRef item = sADMDialog->GetFirstItem(dialog); item != nullptr; item = sADMDialog->GetNextItem(dialog, item)) {
+    for (ADMItemRef item = sADMDialog->GetFirstItem(dialog); item != nullptr;
+         item = sADMDialog->GetNextItem(dialog, item)) {
         ++count;
     }
     EXPECT_EQ(100, count);

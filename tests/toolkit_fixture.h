@@ -32,8 +32,8 @@ struct Recorder {
     };
     std::vector<Note> notes;
     int destroyed = 0;
-    ADMInt32 notifyResult = 0;     // what the notify proc leaves in the notifier
-    ASErr initResult = 0;          // what the init proc answers
+    ADMInt32 notifyResult = 0;  // what the notify proc leaves in the notifier
+    ASErr initResult = 0;       // what the init proc answers
     bool destroyAgainInDestroyProc = false;
 };
 
@@ -69,9 +69,12 @@ protected:
     static void destroyProc(ADMDialogRef dialog) {
         Recorder& r = recorderOf(dialog);
         ++r.destroyed;
-        if (r.destroyAgainInDestroyProc) sADMDialog->Destroy(dialog);
+        if (r.destroyAgainInDestroyProc)
+            sADMDialog->Destroy(dialog);
     }
-    static Recorder& recorderOf(ADMDialogRef dialog) { return *static_cast<Recorder*>(sADMDialog->GetUserData(dialog)); }
+    static Recorder& recorderOf(ADMDialogRef dialog) {
+        return *static_cast<Recorder*>(sADMDialog->GetUserData(dialog));
+    }
 
     ADMDialogRef makeWindowDialog(ADMDialogStyle style = kADMTabbedFloatingDialogStyle) {
         return sADMDialog->Create(nullptr, "Test", 0, style, initProc, &recorder, 0);
@@ -91,7 +94,8 @@ protected:
     // The platform control that carries an item's dialog-manager id, in the panel view or the
     // newest window.
     ControlRef find(ADMInt32 id) const {
-        if (panelView != nullptr) return platform::findControlById(panelView, id);
+        if (panelView != nullptr)
+            return platform::findControlById(panelView, id);
         auto all = platform::windows();
         return all.empty() ? nullptr : platform::findControlById(all.back(), id);
     }

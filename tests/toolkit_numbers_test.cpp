@@ -89,7 +89,8 @@ TEST_F(EditNumbers, NumbersBeyondADoubleAndInfinitiesClampToTheLimits) {
         type(text);
         EXPECT_EQ(100.0f, sADMItem->GetFloatValue(edit)) << '"' << text << '"';
     }
-    for (const char* text : {"-1e400", "-inf", "-infinity", "1e-400", "-1e-400", "0.0001e-330", "1e-99999999999999999999"}) {
+    for (const char* text :
+         {"-1e400", "-inf", "-infinity", "1e-400", "-1e-400", "0.0001e-330", "1e-99999999999999999999"}) {
         type("33");
         type(text);
         EXPECT_EQ(1.0f, sADMItem->GetFloatValue(edit)) << '"' << text << '"';

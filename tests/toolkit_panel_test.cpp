@@ -109,7 +109,8 @@ protected:
     std::vector<ControlRef> labels() const {
         std::vector<ControlRef> found;
         for (ControlRef view : platform::subviews(panelView)) {
-            if (platform::controlKindName(view) == "stxt") found.push_back(view);
+            if (platform::controlKindName(view) == "stxt")
+                found.push_back(view);
         }
         return found;
     }

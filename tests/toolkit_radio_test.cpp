@@ -12,7 +12,8 @@ protected:
     // Which of the radios are on.
     std::vector<bool> states(std::initializer_list<ADMInt32> ids) {
         std::vector<bool> out;
-        for (ADMInt32 id : ids) out.push_back(sADMItem->GetBooleanValue(sADMDialog->GetItem(dialog, id)) != 0);
+        for (ADMInt32 id : ids)
+            out.push_back(sADMItem->GetBooleanValue(sADMDialog->GetItem(dialog, id)) != 0);
         return out;
     }
 };

@@ -1,6 +1,6 @@
+#include "math/vector3d.h"
 #include "math/acos.h"
 #include "math/constants.h"
-#include "math/vector3d.h"
 
 #include <gtest/gtest.h>
 
@@ -11,17 +11,15 @@ using Vec = math::TGeomVector3D<double>;
 
 namespace {
 
-void expectVec(const Vec& actual, double x, double y, double z)
-{
+void expectVec(const Vec& actual, double x, double y, double z) {
     EXPECT_EQ(actual.x, x);
     EXPECT_EQ(actual.y, y);
     EXPECT_EQ(actual.z, z);
 }
 
-} // namespace
+}  // namespace
 
-TEST(VectorLength, ExactForAPythagoreanTripleAndZeroAtOrBelowTheThresholdOrForNaN)
-{
+TEST(VectorLength, ExactForAPythagoreanTripleAndZeroAtOrBelowTheThresholdOrForNaN) {
     EXPECT_EQ(Vec(3, 4, 0).Length(), 5.0);
     EXPECT_EQ(Vec(1e-13, 0, 0).Length(), 0.0);
     EXPECT_EQ(Vec(1e-12, 0, 0).Length(), 0.0);
@@ -30,8 +28,7 @@ TEST(VectorLength, ExactForAPythagoreanTripleAndZeroAtOrBelowTheThresholdOrForNa
 }
 
 // One division, then multiplications: -3 * (1/5) differs from -3 / 5 in the last bit.
-TEST(VectorNormalize, ScalesToUnitLengthAndTinyOrZeroBecomesZero)
-{
+TEST(VectorNormalize, ScalesToUnitLengthAndTinyOrZeroBecomesZero) {
     Vec v(0, -3, 4);
     v.Normalize();
     expectVec(v, 0.0, -3.0 * (1.0 / 5.0), 4.0 * (1.0 / 5.0));
@@ -43,15 +40,13 @@ TEST(VectorNormalize, ScalesToUnitLengthAndTinyOrZeroBecomesZero)
     expectVec(tiny, 0, 0, 0);
 }
 
-TEST(VectorCross, FollowsOperandOrder)
-{
+TEST(VectorCross, FollowsOperandOrder) {
     expectVec(Vec(1, 0, 0) * Vec(0, 1, 0), 0, 0, 1);
     expectVec(Vec(0, 1, 0) * Vec(1, 0, 0), 0, 0, -1);
     expectVec(Vec(1, 2, 3) * Vec(4, 5, 6), -3, 6, -3);
 }
 
-TEST(VectorAngle, RightStraightAndZeroIgnoringLengthsAndZeroForAZeroVector)
-{
+TEST(VectorAngle, RightStraightAndZeroIgnoringLengthsAndZeroForAZeroVector) {
     EXPECT_DOUBLE_EQ(Vec(1, 0, 0) ^ Vec(0, 1, 0), math::Constant_Half_PI);
     EXPECT_EQ(Vec(1, 0, 0) ^ Vec(-2, 0, 0), math::Constant_PI);
     EXPECT_EQ(Vec(1, 0, 0) ^ Vec(5, 0, 0), 0.0);
@@ -62,8 +57,7 @@ TEST(VectorAngle, RightStraightAndZeroIgnoringLengthsAndZeroForAZeroVector)
     EXPECT_EQ(Vec(1e-20, 0, 0) ^ Vec(0, 1e-20, 0), 0.0);
 }
 
-TEST(ClampedAcos, OutsideDomainClampsToEnds)
-{
+TEST(ClampedAcos, OutsideDomainClampsToEnds) {
     EXPECT_EQ(math::acos(1.0000001), 0.0);
     EXPECT_EQ(math::acos(1.0), 0.0);
     EXPECT_EQ(math::acos(-3.0), math::Constant_PI);

@@ -58,9 +58,7 @@ void iADMDialog::prepare(const char* dialog_name, ADMUserData user_data) {
     items.reserve(kMaxItems);
 }
 
-bool iADMDialog::runInit(ADMDialogInitProc init_proc) {
-    return init_proc == nullptr || init_proc(this) == 0;
-}
+bool iADMDialog::runInit(ADMDialogInitProc init_proc) { return init_proc == nullptr || init_proc(this) == 0; }
 
 bool iADMDialog::Create(const char* dialog_name, ADMInt32 /*dialog_id*/, ADMDialogStyle style,
                         ADMDialogInitProc init_proc, ADMUserData user_data, ADMInt32 /*options*/) {
@@ -80,8 +78,8 @@ bool iADMDialog::Create(const char* dialog_name, ADMInt32 /*dialog_id*/, ADMDial
     CreateRootControl(window, &rootView);
     GetRootControl(window, &rootView);
 
-    if (InstallEventHandler(GetWindowEventTarget(window), NewEventHandlerUPP(S_EventHandler),
-                            std::size(kWindowEvents), kWindowEvents, this, nullptr) != noErr) {
+    if (InstallEventHandler(GetWindowEventTarget(window), NewEventHandlerUPP(S_EventHandler), std::size(kWindowEvents),
+                            kWindowEvents, this, nullptr) != noErr) {
         return false;
     }
     return runInit(init_proc);
@@ -114,6 +112,6 @@ bool iADMDialog::installPanelHandler() {
     if (target == nullptr) {
         return false;
     }
-    return InstallEventHandler(target, NewEventHandlerUPP(S_PanelEventHandler), std::size(kPanelEvents),
-                               kPanelEvents, this, &panelHandler) == noErr;
+    return InstallEventHandler(target, NewEventHandlerUPP(S_PanelEventHandler), std::size(kPanelEvents), kPanelEvents,
+                               this, &panelHandler) == noErr;
 }

@@ -14,24 +14,24 @@ OSStatus iADMDialog::S_EventHandler(EventHandlerCallRef /*call*/, EventRef event
         return eventNotHandledErr;
     }
     switch (GetEventKind(event)) {
-    case kEventWindowCloseRequested: {
-        if (dialog == nullptr) {
+        case kEventWindowCloseRequested: {
+            if (dialog == nullptr) {
+                return noErr;
+            }
+            // The close box only hides: the dialog keeps its values until it is destroyed.
+            WindowRef window = dialog->window;
+            _Opaque_ADMNotifier notifier{nullptr, kADMCloseHitNotifier, 0};
+            dialog->notify(&notifier);
+            HideWindow(window);
             return noErr;
         }
-        // The close box only hides: the dialog keeps its values until it is destroyed.
-        WindowRef window = dialog->window;
-        _Opaque_ADMNotifier notifier{nullptr, kADMCloseHitNotifier, 0};
-        dialog->notify(&notifier);
-        HideWindow(window);
-        return noErr;
-    }
-    case kEventWindowClosed:
-        if (dialog != nullptr && !dialog->destroying) {
-            Destroy(dialog);
-        }
-        return eventNotHandledErr;
-    default:
-        return eventNotHandledErr;
+        case kEventWindowClosed:
+            if (dialog != nullptr && !dialog->destroying) {
+                Destroy(dialog);
+            }
+            return eventNotHandledErr;
+        default:
+            return eventNotHandledErr;
     }
 }
 
@@ -41,30 +41,30 @@ OSStatus iADMDialog::S_PanelEventHandler(EventHandlerCallRef /*call*/, EventRef 
         return eventNotHandledErr;
     }
     switch (GetEventKind(event)) {
-    case kEventControlDraw: {
-        CGContextRef context = nullptr;
-        const OSStatus status = GetEventParameter(event, kEventParamCGContextRef, typeCGContextRef, nullptr,
-                                                  sizeof context, nullptr, &context);
-        if (status != noErr) {
-            return status;
+        case kEventControlDraw: {
+            CGContextRef context = nullptr;
+            const OSStatus status = GetEventParameter(event, kEventParamCGContextRef, typeCGContextRef, nullptr,
+                                                      sizeof context, nullptr, &context);
+            if (status != noErr) {
+                return status;
+            }
+            HIRect bounds{};
+            if (dialog != nullptr) {
+                HIViewGetBounds(dialog->rootView, &bounds);
+            }
+            if (sPFAppSuite != nullptr) {
+                SetColorFromSelector(context, sPFAppSuite, kPanelBackgroundColor);
+                CGContextFillRect(context, bounds);
+            }
+            return status;  // handled: the platform paints no default background behind the host colour
         }
-        HIRect bounds{};
-        if (dialog != nullptr) {
-            HIViewGetBounds(dialog->rootView, &bounds);
-        }
-        if (sPFAppSuite != nullptr) {
-            SetColorFromSelector(context, sPFAppSuite, kPanelBackgroundColor);
-            CGContextFillRect(context, bounds);
-        }
-        return status;  // handled: the platform paints no default background behind the host colour
-    }
-    case kEventControlDispose:
-        if (dialog != nullptr && !dialog->destroying) {
-            Destroy(dialog);
-        }
-        return eventNotHandledErr;
-    default:
-        return eventNotHandledErr;
+        case kEventControlDispose:
+            if (dialog != nullptr && !dialog->destroying) {
+                Destroy(dialog);
+            }
+            return eventNotHandledErr;
+        default:
+            return eventNotHandledErr;
     }
 }
 

@@ -29,10 +29,9 @@ public:
 
     bool Create(const char* dialog_name, ADMInt32 dialog_id, ADMDialogStyle style, ADMDialogInitProc init_proc,
                 ADMUserData user_data, ADMInt32 options);
-    bool CreatePanel(const char* dialog_name, ADMInt32 dialog_id, ADMDialogInitProc init_proc,
-                     ADMUserData user_data, AEGP_PanelSuite1* suite, AEGP_PanelH panel_handle,
-                     AEGP_PlatformViewRef container, AEGP_PanelFunctions1* out_functions,
-                     AEGP_PanelRefcon* out_refcon);
+    bool CreatePanel(const char* dialog_name, ADMInt32 dialog_id, ADMDialogInitProc init_proc, ADMUserData user_data,
+                     AEGP_PanelSuite1* suite, AEGP_PanelH panel_handle, AEGP_PlatformViewRef container,
+                     AEGP_PanelFunctions1* out_functions, AEGP_PanelRefcon* out_refcon);
 
     void Show(bool show);
     bool IsVisible() const;

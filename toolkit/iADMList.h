@@ -22,7 +22,7 @@ public:
     void Select(bool select);
     void SetText(const char* text);
 
-    ADMInt32 index = 0;  // the current entry, 0-based
+    ADMInt32 index = 0;        // the current entry, 0-based
     iADMList* list = nullptr;  // this same object once the item has handed it out
     ControlRef popup = nullptr;
     MenuRef menu = nullptr;

@@ -51,9 +51,8 @@ void iADMItem::makeControl(const char* type, const ControlFontStyleRec& style) {
     } else if (std::strcmp(type, kADMPicturePushButtonType) == 0) {
         ControlButtonContentInfo content{};
         content.contentType = kControlNoContent;
-        CreateBevelButtonControl(nullptr, &bounds, nullptr, kControlBevelButtonNormalBevel,
-                                 kControlBehaviorPushbutton, &content, 0, 0, kControlBevelButtonMenuOnBottom,
-                                 &control);
+        CreateBevelButtonControl(nullptr, &bounds, nullptr, kControlBevelButtonNormalBevel, kControlBehaviorPushbutton,
+                                 &content, 0, 0, kControlBevelButtonMenuOnBottom, &control);
     } else if (std::strcmp(type, kADMPictureStaticType) == 0) {
         ControlButtonContentInfo content{};
         content.contentType = kControlNoContent;
@@ -172,8 +171,8 @@ void iADMItem::connectControl() {
         return;
     }
     SetControlCommandID(control, iADMItem::kCommandId);
-    InstallEventHandler(GetControlEventTarget(control), NewEventHandlerUPP(S_ItemEventHandler),
-                        std::size(kItemEvents), kItemEvents, this, &handler);
+    InstallEventHandler(GetControlEventTarget(control), NewEventHandlerUPP(S_ItemEventHandler), std::size(kItemEvents),
+                        kItemEvents, this, &handler);
 }
 
 void iADMItem::detachHandler() {

@@ -13,8 +13,8 @@ OSStatus iADMItem::S_ItemEventHandler(EventHandlerCallRef /*call*/, EventRef eve
         return eventNotHandledErr;
     }
     HICommandExtended command{};
-    if (GetEventParameter(event, kEventParamDirectObject, typeHICommand, nullptr, sizeof command, nullptr,
-                          &command) != noErr ||
+    if (GetEventParameter(event, kEventParamDirectObject, typeHICommand, nullptr, sizeof command, nullptr, &command) !=
+            noErr ||
         command.commandID != kCommandId) {
         return eventNotHandledErr;
     }

@@ -125,8 +125,7 @@ void iADMItem::CalculateControlBounds(ControlRef c, Rect& out) {
     }
     // Static text is as large as its text in the dialogs' font, unwrapped.
     CFStringRef text = nullptr;
-    if (GetControlData(c, kControlEntireControl, kControlStaticTextCFStringTag, sizeof text, &text, nullptr) !=
-        noErr) {
+    if (GetControlData(c, kControlEntireControl, kControlStaticTextCFStringTag, sizeof text, &text, nullptr) != noErr) {
         return;
     }
     Point extent{0, 0};

@@ -69,7 +69,9 @@ ADMInt32 iADMItem::GetIntValue() {
         return stored;
     }
     const double n = static_cast<double>(*number);
-    const ADMInt32 result = n > maximum ? truncateToInt(maximum) : minimum > n ? truncateToInt(minimum) : truncateToInt(n);
+    const ADMInt32 result = n > maximum   ? truncateToInt(maximum)
+                            : minimum > n ? truncateToInt(minimum)
+                                          : truncateToInt(n);
     value = static_cast<float>(result);
     return result;
 }

@@ -29,20 +29,20 @@ bool takesLabelInPanel(OSType kind) {
 
 Style faceOf(ADMFont font) {
     switch (font) {
-    case kADMItalicDialogFont:
-    case kADMItalicPaletteFont:
-    case kADMItalicFixedWidthFont:
-        return 2;
-    case kADMBoldDialogFont:
-    case kADMBoldPaletteFont:
-    case kADMBoldFixedWidthFont:
-        return 1;
-    case kADMBoldItalicDialogFont:
-    case kADMBoldItalicPaletteFont:
-    case kADMBoldItalicFixedWidthFont:
-        return 3;
-    default:
-        return 0;
+        case kADMItalicDialogFont:
+        case kADMItalicPaletteFont:
+        case kADMItalicFixedWidthFont:
+            return 2;
+        case kADMBoldDialogFont:
+        case kADMBoldPaletteFont:
+        case kADMBoldFixedWidthFont:
+            return 1;
+        case kADMBoldItalicDialogFont:
+        case kADMBoldItalicPaletteFont:
+        case kADMBoldItalicFixedWidthFont:
+            return 3;
+        default:
+            return 0;
     }
 }
 
@@ -90,8 +90,8 @@ bool iADMItem::GetTextValue(char* buffer, ADMInt32 length) const {
     }
     CFStringRef text = nullptr;
     if (holdsTextData(kindOf(source))) {
-        if (GetControlData(source, kControlEntireControl, kControlEditTextCFStringTag, sizeof text, &text,
-                           nullptr) != noErr) {
+        if (GetControlData(source, kControlEntireControl, kControlEditTextCFStringTag, sizeof text, &text, nullptr) !=
+            noErr) {
             return false;
         }
     } else if (CopyControlTitleAsCFString(source, &text) != noErr) {
@@ -130,8 +130,9 @@ void iADMItem::SetFont(ADMFont font) {
         style.flags = static_cast<SInt16>(style.flags | kControlUseFaceMask);
     }
     if (isFixedWidth(font)) {
-        static const unsigned char kCourier[] = "\x07"
-                                                "Courier";
+        static const unsigned char kCourier[] =
+            "\x07"
+            "Courier";
         style.font = FMGetFontFamilyFromName(kCourier);
         style.size = kControlFontMiniSystemFont;
         style.flags = static_cast<SInt16>(style.flags | kControlUseSizeMask);

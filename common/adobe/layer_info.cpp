@@ -9,8 +9,8 @@ namespace {
 
 A_Err read_stream(AEGP_SuiteHandler& suites, AEGP_LayerH layer, AEGP_LayerStream which, const A_Time& time,
                   AEGP_StreamVal* value) {
-    return suites.StreamSuite4()->AEGP_GetLayerStreamValue(layer, which, AEGP_LTimeMode_CompTime, &time, false,
-                                                           value, nullptr);
+    return suites.StreamSuite4()->AEGP_GetLayerStreamValue(layer, which, AEGP_LTimeMode_CompTime, &time, false, value,
+                                                           nullptr);
 }
 
 // The orientation a viewer sees: Orientation with the three rotations added.

@@ -63,8 +63,7 @@ void AssistantDlg::shuffle_layers() {
     left.assign(layers.begin(), layers.end());
     layers.clear();
     while (!left.empty()) {
-        const std::uint32_t k =
-            static_cast<std::uint32_t>(math::LRand()) % static_cast<std::uint32_t>(left.size());
+        const std::uint32_t k = static_cast<std::uint32_t>(math::LRand()) % static_cast<std::uint32_t>(left.size());
         layers.push_back(left[k]);
         left.erase(left.begin() + k);  // the others keep their order
     }

@@ -20,7 +20,8 @@ void write_property(int plugin_id, const AssistantDlg::LayerInfo& record, AEGP_L
 void AssistantDlg::write_orientation(const LayerInfo& record) {
     // The rotations are folded into the orientation, so they go to zero, never as keys.
     const AEGP_StreamValue zero{};
-    for (AEGP_LayerStream rotation : {AEGP_LayerStream_ROTATE_X, AEGP_LayerStream_ROTATE_Y, AEGP_LayerStream_ROTATION}) {
+    for (AEGP_LayerStream rotation :
+         {AEGP_LayerStream_ROTATE_X, AEGP_LayerStream_ROTATE_Y, AEGP_LayerStream_ROTATION}) {
         write_property(plugin_id, record, rotation, zero, false);
     }
     write_property(plugin_id, record, AEGP_LayerStream_ORIENTATION, record.orientation, is_key_orient());

@@ -49,7 +49,8 @@ std::string editFieldText(const std::uint8_t* data, std::size_t size) {
 
     const LoneEditField field(control);
     if (typed) {
-        platform::typeText(platform::findControlById(platform::windows().back(), control.id), text, platform::Force::yes);
+        platform::typeText(platform::findControlById(platform::windows().back(), control.id), text,
+                           platform::Force::yes);
     } else {
         sADMItem->SetText(field.item(), text.c_str());
     }

@@ -11,8 +11,8 @@
 #include "cylinder/settings_table.h"
 #include "shell/global_suites.h"
 
-#include <optional>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,7 +49,6 @@ float fieldReads(const ControlSpec& control, const std::string& text) {
     return note != nullptr && note->whole_number ? static_cast<float>(sADMItem->GetIntValue(field.item()))
                                                  : sADMItem->GetFloatValue(field.item());
 }
-
 
 }  // namespace
 
