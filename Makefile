@@ -49,7 +49,7 @@ FUZZ_SECONDS ?= 60
 FUZZ_TARGETS = edit_field scene set_assignment
 
 fuzz:
-	@bash scripts/deps.sh clang libclang-rt-14-dev
+	@bash scripts/deps.sh clang libclang-rt-dev
 	@$(MAKE) --no-print-directory page-deps
 	@cmake -S . -B $(FUZZ_BUILD) -G Ninja $(CMAKE_FLAGS) -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ \
 		-DCMAKE_CXX_FLAGS=-fsanitize=fuzzer-no-link -DORBISETT_SANITIZE=ON -DORBISETT_FUZZ=ON > /dev/null
@@ -69,7 +69,7 @@ fuzz:
 # The details, line by line, are in $(COVERAGE_BUILD)/coverage/index.html.
 COVERAGE_BUILD ?= build-coverage
 COVERAGE_FLAGS ?= -DCMAKE_BUILD_TYPE=Debug
-COVERAGE_FOLDERS = shell common/adobe cylinder dialog toolkit math host platform app
+COVERAGE_FOLDERS = shell common/adobe cylinder controls dialog toolkit math host platform app
 GCOVR = gcovr --root . --exclude-throw-branches --exclude-unreachable-branches
 
 coverage:
@@ -98,5 +98,6 @@ demo: build
 		&& $(BUILD)/app/orbisett-host --preview out/demo-preview.png > /dev/null; \
 	else echo "orbisett-host is not built yet: the command-line tool does not exist in this tree."; exit 1; fi
 
+# Every build folder the targets above make, and the demo's output.
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) $(SANITIZE_BUILD) $(FUZZ_BUILD) $(COVERAGE_BUILD)

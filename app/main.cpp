@@ -1,12 +1,12 @@
 // orbisett-host: runs the plug-in in the host stand-in on a scene, as a user would, and reports.
-#include "app/app_error.h"
-#include "app/control_list.h"
-#include "app/layer_table.h"
-#include "app/options.h"
-#include "app/preview_picture.h"
-#include "app/run_outputs.h"
-#include "app/run_report.h"
-#include "app/session.h"
+#include "app/drawing/preview_picture.h"
+#include "app/output/output_files.h"
+#include "app/report/layer_table.h"
+#include "app/report/run_report.h"
+#include "app/run/app_error.h"
+#include "app/run/control_list.h"
+#include "app/run/options.h"
+#include "app/run/session.h"
 #include "host/scene_file.h"
 
 #include <iostream>

@@ -1,6 +1,6 @@
 #include "bench/cylinder_stand.h"
 
-#include "cylinder/settings_table.h"
+#include "controls/settings_table.h"
 #include "platform/driver.h"
 #include "shell/global_suites.h"
 

@@ -1,6 +1,6 @@
 #include "bench/layout_settings.h"
 
-#include "cylinder/control_ids.h"
+#include "controls/control_ids.h"
 
 namespace bench {
 

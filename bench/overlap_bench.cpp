@@ -3,7 +3,7 @@
 #include "bench/cylinder_stand.h"
 #include "bench/layout_settings.h"
 
-#include "cylinder/control_ids.h"
+#include "controls/control_ids.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 #include "bench/plugin_stand.h"
 
-#include "cylinder/control_ids.h"
+#include "controls/control_ids.h"
 #include "platform/driver.h"
 
 #include <iterator>

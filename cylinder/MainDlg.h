@@ -3,8 +3,8 @@
 #pragma once
 
 #include "common/adobe/AssistantDlg.h"
+#include "controls/control_ids.h"
 #include "cylinder/SolidAngle.h"
-#include "cylinder/control_ids.h"
 #include "cylinder/footprint_index.h"
 #include "cylinder/settings_memo.h"
 #include "math/vector3d.h"

@@ -1,5 +1,5 @@
+#include "controls/settings_table.h"
 #include "cylinder/MainDlg.h"
-#include "cylinder/settings_table.h"
 
 #include <array>
 #include <initializer_list>

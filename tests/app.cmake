@@ -1,16 +1,12 @@
 # The command-line tool: its pieces, and the built tool run as a process on scenes.
-if(TARGET orbisett_app)
-  orbisett_test(app_unit_tests
-    SOURCES app_preview_test.cpp app_settings_test.cpp app_table_test.cpp
-    LIBS orbisett_app)
-endif()
+orbisett_test(app_unit_tests
+  SOURCES app_preview_test.cpp app_settings_test.cpp app_table_test.cpp
+  LIBS orbisett_app)
 
-if(TARGET orbisett_app AND TARGET orbisett)
-  orbisett_test(app_tool_tests
-    SOURCES app_runs_test.cpp app_report_test.cpp app_errors_test.cpp
-            app_bad_input_test.cpp app_run_outcome_test.cpp app_picture_file_test.cpp
-    LIBS orbisett_app orbisett_core)
-  target_compile_definitions(app_tool_tests PRIVATE ORBISETT_HOST_PATH="$<TARGET_FILE:orbisett-host>"
-                             ORBISETT_MODULE_PATH="$<TARGET_FILE:orbisett>")
-  add_dependencies(app_tool_tests orbisett-host orbisett)
-endif()
+orbisett_test(app_tool_tests
+  SOURCES app_runs_test.cpp app_report_test.cpp app_errors_test.cpp
+          app_bad_input_test.cpp app_run_outcome_test.cpp app_picture_file_test.cpp
+  LIBS orbisett_app orbisett_core)
+target_compile_definitions(app_tool_tests PRIVATE ORBISETT_HOST_PATH="$<TARGET_FILE:orbisett-host>"
+                           ORBISETT_MODULE_PATH="$<TARGET_FILE:orbisett>")
+add_dependencies(app_tool_tests orbisett-host orbisett)

@@ -2,7 +2,7 @@
 // before anything runs, and no picture of any scenario holding a number that is not finite.
 #include "app_tool.h"
 
-#include "app/picture_file.h"
+#include "app/drawing/picture_file.h"
 
 #include <cairo.h>
 

@@ -1,12 +1,12 @@
 // The preview's geometry: the layer turning convention, rectangles placed in the host frame,
 // the camera, and the picture's painting order and face shading; the 3D page's data.
-#include "app/html_page.h"
-#include "app/layer_turn.h"
-#include "app/preview_camera.h"
-#include "app/preview_picture.h"
-#include "app/preview_scene.h"
-#include "app/scene_data.h"
-#include "app/svg_writer.h"
+#include "app/drawing/layer_corners.h"
+#include "app/drawing/layer_turn.h"
+#include "app/drawing/preview_picture.h"
+#include "app/drawing/preview_view.h"
+#include "app/drawing/svg_writer.h"
+#include "app/page/html_page.h"
+#include "app/page/scene_data.h"
 
 #include <gtest/gtest.h>
 

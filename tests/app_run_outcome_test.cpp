@@ -3,8 +3,8 @@
 #include "app_tool.h"
 #include "cylinder_fixture.h"
 
-#include "app/run_outcome.h"
-#include "app/session.h"
+#include "app/report/run_outcome.h"
+#include "app/run/session.h"
 
 #include <cmath>
 #include <numbers>

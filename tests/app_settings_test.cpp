@@ -1,8 +1,8 @@
 // What --set and a scene's "settings" accept, in which order the dialog gets them, and what the
 // command line takes.
-#include "app/app_error.h"
-#include "app/control_settings.h"
-#include "app/options.h"
+#include "app/run/app_error.h"
+#include "app/run/control_settings.h"
+#include "app/run/options.h"
 
 #include <gtest/gtest.h>
 

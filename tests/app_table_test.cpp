@@ -1,7 +1,7 @@
 // The table printed after a run: what the run did to each layer, every column holding its own
 // property, names that cannot break a row, numbers that stay short.
-#include "app/display_text.h"
-#include "app/layer_table.h"
+#include "app/report/display_text.h"
+#include "app/report/layer_table.h"
 
 #include <gtest/gtest.h>
 

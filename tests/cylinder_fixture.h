@@ -3,8 +3,8 @@
 // records directly.
 #pragma once
 
+#include "controls/settings_table.h"
 #include "cylinder/MainDlg.h"
-#include "cylinder/settings_table.h"
 #include "host/host.h"
 #include "platform/driver.h"
 #include "shell/global_suites.h"

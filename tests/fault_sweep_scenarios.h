@@ -2,7 +2,7 @@
 // prepares its starting point without faults and then does the one thing that is swept.
 #pragma once
 
-#include "cylinder/control_ids.h"
+#include "controls/control_ids.h"
 #include "fault_sweep_checks.h"
 #include "fault_sweep_session.h"
 

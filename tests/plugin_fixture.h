@@ -2,7 +2,7 @@
 // tests act only as the host and a user would.
 #pragma once
 
-#include "cylinder/control_ids.h"
+#include "controls/control_ids.h"
 #include "host/host.h"
 #include "platform/driver.h"
 

@@ -1,7 +1,7 @@
 // Numbers in edit fields: the stored value with its limits, shown as trimmed "%f" text and read
 // back from whatever the user typed.
+#include "controls/number_text.h"
 #include "toolkit/iADMItem.h"
-#include "toolkit/number_text.h"
 #include "toolkit/platform_text.h"
 
 #include <cmath>
@@ -41,7 +41,7 @@ void iADMItem::updateFloatText() {
     if (control == nullptr) {
         return;
     }
-    const std::string text = toolkit::formatNumber(value);
+    const std::string text = controls::formatNumber(value);
     toolkit::PlatformString string(text.c_str(), kCFStringEncodingASCII);
     CFStringRef data = string.get();
     SetControlData(control, kControlEntireControl, kControlEditTextCFStringTag, sizeof data, &data);
@@ -52,7 +52,7 @@ float iADMItem::GetFloatValue() {
     if (control == nullptr || !GetTextValue(text, kTextLimit)) {
         return value;
     }
-    if (const auto number = toolkit::parseLeadingNumber(text)) {
+    if (const auto number = controls::parseLeadingNumber(text)) {
         value = clampToLimits(*number);
     }
     return value;
@@ -64,7 +64,7 @@ ADMInt32 iADMItem::GetIntValue() {
     if (control == nullptr || !GetTextValue(text, kTextLimit)) {
         return stored;
     }
-    const auto number = toolkit::parseLeadingInteger(text);
+    const auto number = controls::parseLeadingInteger(text);
     if (!number) {
         return stored;
     }

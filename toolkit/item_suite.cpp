@@ -1,5 +1,5 @@
 // ADMItemSuite10: controls of a dialog.
-#include "toolkit/number_text.h"
+#include "controls/number_text.h"
 #include "toolkit/suite_access.h"
 
 #include <algorithm>
@@ -117,7 +117,7 @@ ADMBoolean DefaultFloatToText(ADMItemRef item, ADMFloat value, char* text, ADMIn
     }
     // Only an item with a platform control shows numbers; for any other the buffer stays as it was.
     if (itemOf(item)->control != nullptr && text != nullptr && max_length > 0) {
-        const std::string shown = toolkit::formatNumber(value);
+        const std::string shown = controls::formatNumber(value);
         const std::size_t n = std::min(shown.size(), static_cast<std::size_t>(max_length - 1));
         std::memcpy(text, shown.data(), n);
         text[n] = '\0';
@@ -129,7 +129,7 @@ ADMBoolean DefaultTextToFloat(ADMItemRef item, const char* text, ADMFloat* value
     if (item == nullptr) {
         return false;
     }
-    const auto number = toolkit::parseLeadingNumber(text);
+    const auto number = controls::parseLeadingNumber(text);
     if (!number) {
         return false;
     }

@@ -2,7 +2,7 @@
 cmake_minimum_required(VERSION 3.20)
 # In: TEMPLATE, STYLE, SCRIPT, OUT.
 set(delimiter "orbisett_page")
-set(body "// Made at build time from app/page: do not edit.\n#include \"app/page_assets.h\"\n\nnamespace app {\n")
+set(body "// Made at build time from app/page: do not edit.\n#include \"app/page/page_assets.h\"\n\nnamespace app {\n")
 foreach(part TEMPLATE STYLE SCRIPT)
   file(READ ${${part}} text)
   string(FIND "${text}" ")${delimiter}\"" clash)

@@ -4,6 +4,9 @@
 set(PAGE_DIR ${CMAKE_CURRENT_LIST_DIR})
 file(GLOB PAGE_SCRIPTS CONFIGURE_DEPENDS ${PAGE_DIR}/src/*.js)
 find_program(NODE_EXECUTABLE node REQUIRED)
+if(NOT EXISTS ${PAGE_DIR}/node_modules/.package-lock.json)
+  message(FATAL_ERROR "The 3D page's npm packages are not installed: run `make deps` (or `npm ci` in app/page) first.")
+endif()
 
 set(PAGE_BUNDLE ${CMAKE_CURRENT_BINARY_DIR}/page/page.js)
 add_custom_command(

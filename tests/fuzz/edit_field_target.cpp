@@ -4,7 +4,7 @@
 #include "lone_edit_field.h"
 
 #include "adm_suites.h"
-#include "cylinder/settings_table.h"
+#include "controls/settings_table.h"
 #include "platform/driver.h"
 #include "shell/global_suites.h"
 

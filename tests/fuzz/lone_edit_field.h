@@ -3,7 +3,7 @@
 #pragma once
 
 #include "adm_suites.h"
-#include "cylinder/settings_table.h"
+#include "controls/settings_table.h"
 #include "shell/global_suites.h"
 
 namespace fuzz {

@@ -4,11 +4,11 @@
 #include "lone_edit_field.h"
 
 #include "adm_suites.h"
-#include "app/app_error.h"
-#include "app/control_settings.h"
-#include "app/field_reading.h"
-#include "cylinder/control_notes.h"
-#include "cylinder/settings_table.h"
+#include "app/run/app_error.h"
+#include "app/run/control_settings.h"
+#include "app/run/field_reading.h"
+#include "controls/control_notes.h"
+#include "controls/settings_table.h"
 #include "shell/global_suites.h"
 
 #include <cstring>

@@ -1,0 +1,40 @@
+// The composition after a run as 3D geometry in the host frame: every 3D layer as its turned
+// and placed rectangle, and the cylinder the dialog's settings describe.
+#pragma once
+
+#include "app/drawing/vec3.h"
+#include "app/report/run_outcome.h"
+#include "host/project.h"
+
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace app {
+
+struct PlacedLayer {
+    std::string name;
+    host::Id id = 0;
+    int number = 0;               // 1-based place in the layer order
+    bool has_source = true;       // false for text and shape layers: their extent is not known
+    std::array<Vec3, 4> corners;  // wound so that the front face's normal follows from them
+    Vec3 centre;                  // the anchor, at the layer's position
+    Vec3 normal;                  // the visible face's unit normal, from the drawn corners
+};
+
+// The composition the tool reports on: the active one, or the first.
+const host::Comp* reportedComp(const host::Project& project);
+
+// The layer's rectangle: its source's size, or the composition's for layers without a source.
+std::array<double, 2> layerSize(const host::Project& project, const host::Comp& comp, const host::Layer& layer);
+
+// Every 3D footage, text and shape layer of the composition, at the composition's current time.
+std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::Comp& comp);
+
+// A rectangle of size w x h, anchor at its centre, scaled (percent), turned and moved.
+PlacedLayer placeRectangle(double width, double height, const Vec3& position, const Vec3& scale,
+                           const Vec3& orientation, const Vec3& rotation);
+
+}  // namespace app

@@ -1,0 +1,208 @@
+#include "app/report/run_report.h"
+
+#include "app/report/display_text.h"
+#include "app/report/layer_table.h"
+#include "controls/settings_table.h"
+
+#include <algorithm>
+#include <set>
+#include <unordered_map>
+
+namespace app {
+
+namespace {
+
+// Names listed in the terminal summary; the JSON report lists every one.
+constexpr std::size_t kNamesShown = 10;
+
+std::vector<NamedLayer> named(const host::Project& project, host::Id comp_id, const std::vector<host::Id>& ids) {
+    std::unordered_map<host::Id, std::size_t> numbers;
+    if (const host::Comp* comp = project.comp(comp_id)) {
+        for (std::size_t i = 0; i < comp->layers.size(); ++i) {
+            numbers.emplace(comp->layers[i].id, i + 1);
+        }
+    }
+    std::vector<NamedLayer> layers;
+    for (host::Id id : ids) {
+        const host::Layer* layer = project.layer(id);
+        const auto number = numbers.find(id);
+        if (layer != nullptr && number != numbers.end()) {
+            layers.push_back({number->second, layer->name});
+        }
+    }
+    return layers;
+}
+
+std::string callList(const std::vector<host::RefusedCall>& calls) {
+    std::string text;
+    for (const host::RefusedCall& call : calls) {
+        text += (text.empty() ? "" : ", ") + call.call + " (error " + std::to_string(call.err) + ")";
+    }
+    return text;
+}
+
+// A finished "Apply" writes every layer it took; one that stopped early, or whose calls the host
+// refused beyond asking for suites it may do without, failed.
+std::string applyFailure(const SessionResult& run, const RunOutcome& outcome) {
+    if (!run.apply.pressed) {
+        return {};
+    }
+    const std::set<host::Id> written(outcome.written.begin(), outcome.written.end());
+    const std::size_t taken_written = static_cast<std::size_t>(
+        std::count_if(outcome.taken.begin(), outcome.taken.end(), [&](host::Id id) { return written.count(id) != 0; }));
+    const bool refused_call =
+        std::any_of(run.apply.refused.begin(), run.apply.refused.end(),
+                    [](const host::RefusedCall& c) { return c.call.rfind("AcquireSuite", 0) != 0; });
+    if (taken_written == outcome.taken.size() && !refused_call) {
+        return {};
+    }
+    std::string text = "\"Apply\" failed: ";
+    if (!run.apply.refused.empty()) {
+        text += "the host refused " + callList(run.apply.refused) + "; ";
+    }
+    return text + std::to_string(taken_written) + " of " + std::to_string(outcome.taken.size()) +
+           " selected layers were written";
+}
+
+std::vector<std::string> failures(const SessionResult& run, const RunOutcome& outcome) {
+    std::vector<std::string> lines = hostReports(*run.host);
+    if (std::string apply = applyFailure(run, outcome); !apply.empty()) {
+        lines.push_back(std::move(apply));
+    }
+    return lines;
+}
+
+std::string plural(std::size_t n, const char* one, const char* many) {
+    return (n == 0 ? std::string("no") : std::to_string(n)) + " " + (n == 1 ? one : many);
+}
+
+std::string arrangedLine(const RunReport& r) {
+    const std::string taken =
+        plural(r.selected, "selected layer", "selected layers") + ", " + plural(r.copies, "copy", "copies") + " made";
+    switch (r.apply) {
+        case ApplyState::not_applied:
+            return "nothing: \"Apply\" was not pressed (" + taken + ")";
+        case ApplyState::undone:
+            return "nothing left: the step was undone (it had " + taken + ")";
+        case ApplyState::applied:
+            break;
+    }
+    return std::to_string(r.arranged) + " of " + plural(r.written, "layer", "layers") + " (" + taken + ")";
+}
+
+std::string vectorText(const Vec3& v) {
+    return "(" + tableNumber(v.x) + ", " + tableNumber(v.y) + ", " + tableNumber(v.z) + ")";
+}
+
+std::string notReachedLine(const RunReport& r) {
+    if (r.not_reached.empty()) {
+        return "none";
+    }
+    std::string line = std::to_string(r.not_reached.size()) + ":";
+    for (std::size_t i = 0; i < r.not_reached.size() && i < kNamesShown; ++i) {
+        line += (i == 0 ? " #" : ", #") + std::to_string(r.not_reached[i].number) + " \"" +
+                escapedText(r.not_reached[i].name) + "\"";
+    }
+    if (r.not_reached.size() > kNamesShown) {
+        line += " and " + std::to_string(r.not_reached.size() - kNamesShown) + " more";
+    }
+    return line + (r.offset.empty()
+                       ? " (they kept their places)"
+                       : " (they kept their places, plus the offset " + r.offset + " added to every position written)");
+}
+
+std::string undoLine(const RunReport& r) {
+    if (r.undo_groups.empty()) {
+        return "none";
+    }
+    std::string line = plural(r.undo_groups.size(), "group", "groups") + ":";
+    for (std::size_t i = 0; i < r.undo_groups.size(); ++i) {
+        const host::UndoGroup& g = r.undo_groups[i];
+        line += std::string(i == 0 ? " " : ", ") + "\"" + escapedText(g.name) + "\"" +
+                (g.undone ? " (undone)" : (g.closed ? "" : " (left open)"));
+    }
+    return line;
+}
+
+}  // namespace
+
+RunReport describeRun(const SessionResult& run, const RunOutcome& outcome) {
+    const host::Project& project = run.host->project();
+    RunReport r;
+    r.apply = outcome.apply;
+    r.selected = outcome.taken.size();
+    r.copies = run.apply.copies;
+    r.written = outcome.written.size();
+    r.arranged = outcome.arranged.size();
+    r.not_reached = named(project, outcome.comp, outcome.not_reached);
+    if (outcome.offset.x != 0 || outcome.offset.y != 0 || outcome.offset.z != 0) {
+        r.offset = vectorText(outcome.offset);
+    }
+    r.surface = describeSurface(outcome.surface);
+    r.surface_notes = outcome.surface.notes;
+    for (const host::UndoGroup& g : run.host->undoGroups()) {
+        if (g.depth == 0) {
+            r.undo_groups.push_back(g);
+        }
+    }
+    r.warnings = runWarnings(run, outcome);
+    r.failures = failures(run, outcome);
+    return r;
+}
+
+void addPreviewWarnings(RunReport& report, const Preview& preview) {
+    for (const std::string& name : preview.left_out) {
+        report.warnings.push_back({"", "preview_left_out",
+                                   "--preview leaves out \"" + name +
+                                       "\": its corners are too large or not finite numbers, so it cannot be drawn"});
+    }
+}
+
+std::string summaryText(const RunReport& r) {
+    std::string text = "Summary\n";
+    text += "  arranged:     " + arrangedLine(r) + "\n";
+    text += "  not reached:  " + notReachedLine(r) + "\n";
+    text += "  surface:      " + r.surface + "\n";
+    for (const std::string& note : r.surface_notes) {
+        text += "                " + note + "\n";
+    }
+    text += "  undo:         " + undoLine(r) + "\n";
+    if (!r.warnings.empty()) {
+        text += "Warnings\n";
+        for (const Warning& w : r.warnings) {
+            text += "  " + w.text + "\n";
+        }
+    }
+    return text;
+}
+
+nlohmann::json summaryJson(const RunReport& r, int status) {
+    using nlohmann::json;
+    json not_reached = json::array();
+    for (const NamedLayer& layer : r.not_reached) {
+        not_reached.push_back({{"layer", layer.number}, {"name", layer.name}});
+    }
+    json undo = json::array();
+    for (const host::UndoGroup& g : r.undo_groups) {
+        undo.push_back({{"name", g.name}, {"closed", g.closed}, {"undone", g.undone}});
+    }
+    json warnings = json::array();
+    for (const Warning& w : r.warnings) {
+        warnings.push_back({{"control", w.control}, {"kind", w.kind}, {"text", w.text}});
+    }
+    const char* apply =
+        r.apply == ApplyState::applied ? "applied" : (r.apply == ApplyState::undone ? "undone" : "not_applied");
+    return {{"status", status},
+            {"apply", apply},
+            {"selected", r.selected},
+            {"copies", r.copies},
+            {"written", r.written},
+            {"arranged", r.arranged},
+            {"not_reached", std::move(not_reached)},
+            {"surface", {{"text", r.surface}, {"notes", r.surface_notes}}},
+            {"undo_groups", std::move(undo)},
+            {"warnings", std::move(warnings)},
+            {"failures", r.failures}};
+}
+
+}  // namespace app

@@ -1,0 +1,49 @@
+// The summary printed after the table and written with --json-report: what the run arranged,
+// the copies it made, the layers the layout did not reach, the surface it used, the undo steps,
+// the warnings, and the failures the plug-in or the host reported.
+#pragma once
+
+#include "app/drawing/preview_picture.h"
+#include "app/report/run_outcome.h"
+#include "app/report/run_warnings.h"
+#include "app/run/session.h"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <vector>
+
+namespace app {
+
+struct NamedLayer {
+    std::size_t number = 0;  // place in the composition after the run, 1 at the top
+    std::string name;
+};
+
+struct RunReport {
+    ApplyState apply = ApplyState::not_applied;
+    std::size_t selected = 0;  // layers the command took
+    std::size_t copies = 0;    // made by "Apply", counted before any undo
+    std::size_t written = 0;   // layers the step wrote that still exist
+    std::size_t arranged = 0;
+    std::vector<NamedLayer> not_reached;
+    std::string offset;   // added to every position written, e.g. "(960.0, 540.0, 0.0)"; empty when none
+    std::string surface;  // mode, size and centre
+    std::vector<std::string> surface_notes;
+    std::vector<host::UndoGroup> undo_groups;  // outermost groups only
+    std::vector<Warning> warnings;
+    // What the plug-in or the host reported as failing; any makes the exit status 3.
+    std::vector<std::string> failures;
+};
+
+RunReport describeRun(const SessionResult& run, const RunOutcome& outcome);
+
+// A warning for each layer the preview could not draw.
+void addPreviewWarnings(RunReport& report, const Preview& preview);
+
+// The summary as lines for the terminal, after the table.
+std::string summaryText(const RunReport& report);
+// The same as JSON, with the exit status.
+nlohmann::json summaryJson(const RunReport& report, int status);
+
+}  // namespace app

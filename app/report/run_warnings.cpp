@@ -1,0 +1,135 @@
+#include "app/report/run_warnings.h"
+
+#include "app/run/field_reading.h"
+#include "controls/control_notes.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace app {
+
+namespace {
+
+// A field's reading as short as it reads back: fields hold single precision.
+std::string readingText(const ControlSpec& control, double value) {
+    std::array<char, 48> buffer{};
+    const ControlNote* note = control_note(control.id);
+    const auto end = note != nullptr && note->whole_number
+                         ? std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr
+                         : std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<float>(value)).ptr;
+    return std::string(buffer.data(), end);
+}
+
+const ControlState* stateOf(const SessionResult& run, const ControlSpec& control) {
+    for (const ControlState& state : run.controls) {
+        if (state.control == &control) {
+            return &state;
+        }
+    }
+    return nullptr;
+}
+
+// Whether the setting asks for something else than the control starts with.
+bool changesTheInitialValue(const ControlSetting& setting) {
+    const ControlSpec& control = *setting.control;
+    if (control.kind == SettingKind::edit) {
+        const std::optional<double> reading = fieldReading(control, setting.text);
+        return reading && static_cast<float>(*reading) != control.value;
+    }
+    if (control.kind == SettingKind::radio) {
+        return setting.on && control.value == 0.0f;
+    }
+    return setting.on != (control.value != 0.0f);
+}
+
+// A number typed into a field that the field reads otherwise: held at a limit, or cut to a
+// whole number.
+void readDifferently(const ControlSetting& setting, std::vector<Warning>& out) {
+    const ControlSpec& control = *setting.control;
+    const std::optional<NumberInText> typed = leadingNumber(setting.text);
+    const std::optional<double> reading = fieldReading(control, setting.text);
+    if (!typed || !reading) {
+        return;
+    }
+    const ControlNote* note = control_note(control.id);
+    // A field holds single precision: a number it holds as typed is no news, one beyond what a
+    // float holds always is.
+    const bool as_typed = note != nullptr && note->whole_number
+                              ? typed->value == *reading
+                              : std::fabs(typed->value) <= std::numeric_limits<float>::max() &&
+                                    static_cast<float>(typed->value) == static_cast<float>(*reading);
+    if (!as_typed) {
+        out.push_back({control.name, "read_differently",
+                       std::string(control.name) + ": typed " + setting.text + ", the field reads " +
+                           readingText(control, *reading)});
+    }
+}
+
+void withoutEffect(const SessionResult& run, const ControlSetting& setting, std::vector<Warning>& out) {
+    const ControlSpec& control = *setting.control;
+    const ControlNote* note = control_note(control.id);
+    const ControlState* state = stateOf(run, control);
+    if (note == nullptr || state == nullptr || !changesTheInitialValue(setting)) {
+        return;
+    }
+    const std::string set = std::string(control.name) + ": set " + shownValue(setting);
+    if (*note->never_acts != '\0') {
+        out.push_back({control.name, "never_acts", set + ", but it never acts: " + note->never_acts});
+    } else if (run.dialog_enabled && !state->enabled && *note->acts_when != '\0') {
+        out.push_back({control.name, "greyed_out", set + ", but the dialog greys it out: " + note->acts_when});
+    }
+}
+
+std::optional<bool> stateOn(const SessionResult& run, ADMInt32 id) {
+    const ControlState* state = stateOf(run, *find_control(id));
+    return state != nullptr ? std::optional<bool>(state->on && state->enabled) : std::nullopt;
+}
+
+// Copies made by the layer suite go where the host puts them; only the command path reorders them.
+void repeatPath(const SessionResult& run, std::vector<Warning>& out) {
+    if (stateOn(run, CHECK_REPEAT_SEQUENTIALLY).value_or(false) && run.apply.duplicate_calls > 0 &&
+        run.apply.duplicate_commands == 0) {
+        out.push_back({"CHECK_REPEAT_SEQUENTIALLY", "repeat_path",
+                       "CHECK_REPEAT_SEQUENTIALLY: on, but the host made the copies with AEGP_DuplicateLayer (AEGP "
+                       "Layer Suite/10), which puts each copy above its original; it acts only on a host without that "
+                       "suite, where copies come from the Duplicate command"});
+    }
+}
+
+void repeatsCut(const SessionResult& run, const RunOutcome& outcome, std::vector<Warning>& out) {
+    const ControlState* count = stateOf(run, *find_control(EDIT_REPEAT_COUNT));
+    if (!run.apply.pressed || !stateOn(run, CHECK_REPEAT_LAYERS).value_or(false) || count == nullptr) {
+        return;
+    }
+    const std::optional<double> repeats = fieldReading(*count->control, count->text);
+    if (!repeats) {
+        return;
+    }
+    const double asked = *repeats * static_cast<double>(outcome.taken.size());
+    if (static_cast<double>(run.apply.copies) < asked) {
+        out.push_back({"EDIT_REPEAT_COUNT", "repeats_cut",
+                       "EDIT_REPEAT_COUNT: " + readingText(*count->control, *repeats) + " repeats of " +
+                           std::to_string(outcome.taken.size()) + " layers ask for " +
+                           readingText(*count->control, asked) + " copies; " + std::to_string(run.apply.copies) +
+                           " were made (the repeats were cut to what fits)"});
+    }
+}
+
+}  // namespace
+
+std::vector<Warning> runWarnings(const SessionResult& run, const RunOutcome& outcome) {
+    std::vector<Warning> warnings;
+    for (const ControlSetting& setting : run.asked) {
+        if (setting.control->kind == SettingKind::edit) {
+            readDifferently(setting, warnings);
+        }
+        withoutEffect(run, setting, warnings);
+    }
+    repeatPath(run, warnings);
+    repeatsCut(run, outcome, warnings);
+    return warnings;
+}
+
+}  // namespace app
