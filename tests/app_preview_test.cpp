@@ -7,6 +7,7 @@
 #include "app/drawing/svg_writer.h"
 #include "app/page/html_page.h"
 #include "app/page/scene_data.h"
+#include "dialog_settings.h"
 
 #include <gtest/gtest.h>
 
@@ -144,7 +145,7 @@ host::Layer& layerNamed(host::Project& project, const std::string& name) {
 app::Preview picture(const host::Project& project, const nlohmann::json& settings = nlohmann::json::object()) {
     host::Host host;
     host.replaceProject(project);
-    return app::drawPreview(host.project(), app::readRunOutcome(project, host, settings));
+    return app::drawPreview(host.project(), app::readRunOutcome(project, host, apptest::dialogReading(settings)));
 }
 
 std::size_t count(const std::string& text, const std::string& what) {
@@ -337,17 +338,16 @@ TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled) {
 }
 
 TEST(PreviewScene, SettingsAndLayerSizesAsThePluginReadsThem) {
-    // Edit values clamped to their fields' ranges; controls missing take their initial values. The
-    // numbers as given, and a source's size, show in the outline's and the page data's numbers.
-    const nlohmann::json settings{{"EDIT_DIM_X", 0}, {"EDIT_DIM_Y", 2e8}};
-    EXPECT_NEAR(app::settingNumber(settings, "EDIT_DIM_X"), 0.1, 1e-8);
-    EXPECT_EQ(app::settingNumber(settings, "EDIT_DIM_Y"), 1e7);
-    EXPECT_TRUE(app::settingOn(settings, "RADIO_OUTWARD"));
+    // Edit values clamped to their fields' ranges; controls missing take their initial values.
+    const app::DialogReading dialog = apptest::dialogReading({{"EDIT_DIM_X", 0}, {"EDIT_DIM_Y", 2e8}});
+    EXPECT_EQ(dialog.number(EDIT_DIM_X), static_cast<double>(0.1f));
+    EXPECT_EQ(dialog.number(EDIT_DIM_Y), 1e7);
+    EXPECT_TRUE(dialog.on(RADIO_OUTWARD));
+    // A layer without a source is drawn at the extent the layout gave it.
     host::Project project = cardsProject();
-    const host::Comp& main = project.comps.front();
     host::Layer text;
     text.type = AEGP_ObjectType_TEXT;
-    EXPECT_EQ(app::layerSize(project, main, text), (std::array<double, 2>{1920, 1080}));
+    EXPECT_EQ(app::layerSize(project, text, {480, 270}), (std::array<double, 2>{480, 270}));
 }
 
 Vec3 corner(const nlohmann::json& corners, int i) {
