@@ -396,6 +396,38 @@ TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndThe
     EXPECT_EQ(embedded["layers"][0]["name"], "</script><script>alert(1)</script><!--");
 }
 
+// Text and shape layers, drawn by the preview and the page at the extent the layout gave them
+// (here a crop to 480 x 270), before and after the run, turned or not.
+TEST(PageData, TextAndShapeLayersTakeTheExtentTheLayoutGaveThem) {
+    host::Project project = cardsProject();
+    host::Comp& comp = project.comps.front();
+    const host::Id text = project.addLayer(comp.id, "Text", AEGP_ObjectType_TEXT, true);
+    const host::Id shape = project.addLayer(comp.id, "Shape", AEGP_ObjectType_VECTOR, true);
+    project.layer(shape)->prop(host::Prop::orientation).value = {0, 90, 30};
+    project.layer(shape)->prop(host::Prop::scale).value = {50, 200, 100};
+    app::RunOutcome outcome;
+    outcome.sourceless = {480, 270};
+    const auto side = [](const std::array<Vec3, 4>& c, int i, int j) { return app::length(c[j] - c[i]); };
+    for (const app::PlacedLayer& placed : app::placeLayers(project, comp, outcome.sourceless)) {
+        const double w = placed.id == text ? 480 : placed.id == shape ? 240 : 400;
+        const double h = placed.id == text ? 270 : placed.id == shape ? 540 : 300;
+        EXPECT_NEAR(side(placed.corners, 0, 1), w, kTight) << placed.name;
+        EXPECT_NEAR(side(placed.corners, 0, 3), h, kTight) << placed.name;
+        EXPECT_EQ(placed.has_source, placed.id != text && placed.id != shape);
+    }
+    const nlohmann::json data = app::pageSceneData(project, project, outcome);
+    for (const nlohmann::json& layer : data["layers"]) {
+        if (layer["source"] == false) {
+            for (const char* state : {"before", "after"}) {
+                const std::array<Vec3, 4> c{corner(layer[state], 0), corner(layer[state], 1), corner(layer[state], 2),
+                                            corner(layer[state], 3)};
+                EXPECT_NEAR(side(c, 0, 1), layer["name"] == "Text" ? 480 : 240, 0.01) << layer["name"] << state;
+                EXPECT_NEAR(side(c, 0, 3), layer["name"] == "Text" ? 270 : 540, 0.01) << layer["name"] << state;
+            }
+        }
+    }
+}
+
 TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom) {
     host::Project project = cardsProject();
     host::Comp& comp = project.comps.front();

@@ -274,6 +274,10 @@ RunOutcome decideOutcome(const RunFacts& facts, const DialogReading& dialog) {
     }
     const std::optional<Shape> shape = usedShape(out, points, dialog, surface.notes);
     if (!shape) {
+        // No surface is known to have taken a layer: every layer written kept its place.
+        if (out.apply == ApplyState::applied) {
+            out.not_reached = out.written;
+        }
         return out;
     }
     const bool sized_by_layers = surface.mode == SurfaceMode::ring || surface.mode == SurfaceMode::radius_by_first;
