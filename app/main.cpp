@@ -24,7 +24,7 @@ constexpr int kFailure = 3;
 
 int run(const app::Options& options) {
     const app::SessionResult result = app::runSession(options);
-    const app::RunOutcome outcome = app::readRunOutcome(result.before(), *result.host, result.settings);
+    const app::RunOutcome outcome = app::readRunOutcome(result.before(), *result.host, result.reading);
     app::RunReport report = app::describeRun(result, outcome);
     // Drawn before the summary, which names the layers the picture has to leave out.
     std::optional<app::Preview> preview;
@@ -40,7 +40,9 @@ int run(const app::Options& options) {
     const bool scene_to_stdout = options.out == app::kStandardStream;
     if (!options.quiet) {
         std::ostream& table = scene_to_stdout ? std::cerr : std::cout;
-        table << app::layerTable(result.before(), result.host->project(), outcome.not_reached)
+        const std::vector<host::Id> none;
+        table << app::layerTable(result.before(), result.host->project(),
+                                 report.stopped_after ? none : outcome.not_reached)
               << app::summaryText(report);
     }
     if (scene_to_stdout) {

@@ -85,7 +85,8 @@ ToolPhases runToolPhases(const std::string& scene_path, const std::string& out_p
     host->idle();
     t.apply = laps.lap();
 
-    const nlohmann::json controls = app::readControls(dialog);
+    const app::DialogReading reading(app::controlStates(dialog));
+    const nlohmann::json controls = reading.settingsJson();
     const std::string dialog_svg = dialog.svg();
     host->unloadPlugin();
     t.close = laps.lap();
@@ -95,7 +96,7 @@ ToolPhases runToolPhases(const std::string& scene_path, const std::string& out_p
 
     const host::Project* base = host->undoBase();
     const host::Project& before = base != nullptr ? *base : host->project();
-    const app::RunOutcome outcome = app::readRunOutcome(before, *host, controls);
+    const app::RunOutcome outcome = app::readRunOutcome(before, *host, reading);
     const std::string table = app::layerTable(before, host->project(), outcome.not_reached);
     t.report = laps.lap();
 

@@ -1,3 +1,4 @@
+#include "controls/placement_rules.h"
 #include "cylinder/MainDlg.h"
 #include "cylinder/cylinder_constants.h"
 #include "math/acos.h"
@@ -8,27 +9,17 @@
 
 namespace {
 
-enum class Side { front, back, left, right };
+using Side = controls::BeginSide;
 
 const MainDlg::Vector kSideRight(1, 0, 0);
 const MainDlg::Vector kSideLeft(-1, 0, 0);
 
-// The Begin radios are tested Front, Back, Left; none of them set means Right.
 Side begin_side(const MainDlg& dlg) {
-    if (dlg.get_bool(RADIO_BEGIN_FRONT)) {
-        return Side::front;
-    }
-    if (dlg.get_bool(RADIO_BEGIN_BACK)) {
-        return Side::back;
-    }
-    if (dlg.get_bool(RADIO_BEGIN_LEFT)) {
-        return Side::left;
-    }
-    return Side::right;
+    return controls::beginSide(dlg.get_bool(RADIO_BEGIN_FRONT), dlg.get_bool(RADIO_BEGIN_BACK),
+                               dlg.get_bool(RADIO_BEGIN_LEFT));
 }
 
-// Half of a box extent, halved in single precision as the edit field holds it.
-double half_extent(const MainDlg& dlg, ADMInt32 id) { return static_cast<double>(dlg.get_float(id) * 0.5f); }
+double half_extent(const MainDlg& dlg, ADMInt32 id) { return controls::boxHalfAxis(dlg.get_float(id)); }
 
 }  // namespace
 

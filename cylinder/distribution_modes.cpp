@@ -2,6 +2,8 @@
 // the circle whose radius the first layers set.
 #include "cylinder/MainDlg.h"
 
+#include "controls/placement_rules.h"
+
 #include "cylinder/cylinder_constants.h"
 #include "cylinder/layout_scope.h"
 #include "cylinder/step_walk.h"
@@ -45,19 +47,24 @@ A_Err MainDlg::get_layers_pos() {
     math::SetRand(kLayoutSeed);
     clear_volumes();
 
-    const bool evenly = get_bool(CHECK_DISTRIBUTE_EVENLY);
-    if (!evenly && get_bool(CHECK_RADIUS_BY_FIRST)) {
-        set_with_pre_computed_radius();
-    } else if (!get_bool(RADIO_EQUATOR_ONLY)) {
-        if (evenly) {
+    const controls::ModeSwitches switches{get_bool(CHECK_DISTRIBUTE_EVENLY), get_bool(CHECK_RADIUS_BY_FIRST),
+                                          get_bool(RADIO_EQUATOR_ONLY), get_bool(CHECK_CREATE_RING)};
+    switch (controls::placementMode(switches)) {
+        case controls::PlacementMode::radius_by_first:
+            set_with_pre_computed_radius();
+            break;
+        case controls::PlacementMode::evenly:
             set_layers_evenly();
-        } else {
+            break;
+        case controls::PlacementMode::given_steps:
             set_layers_with_given_steps();
-        }
-    } else if (get_bool(CHECK_CREATE_RING)) {
-        create_equatorial_ring();
-    } else {
-        set_layers_along_equator();
+            break;
+        case controls::PlacementMode::ring:
+            create_equatorial_ring();
+            break;
+        case controls::PlacementMode::equator:
+            set_layers_along_equator();
+            break;
     }
     return 0;
 }

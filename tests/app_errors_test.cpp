@@ -68,10 +68,12 @@ TEST_F(Failures, FailuresBeforeTheDialogWriteNothingAndAStoppedApplyIsReportedWi
     const std::pair<const char*, std::string> cases[] = {
         {"AEGP Register Suite/1",
          "orbisett-host: the plug-in's start-up failed with error 1\n"
-         "orbisett-host: the host stopped an exception from the plug-in's entry hook: int 516\n"},
+         "orbisett-host: the host stopped the plug-in's entry hook: it threw error 516, a missing suite: the host "
+         "does not offer \"AEGP Register Suite/1\"\n"},
         // The command hook's error is kept by the host as its alert.
         {"AEGP Comp Suite/4",
-         "orbisett-host: choosing \"Orbisett\" failed with error 516\n"
+         "orbisett-host: choosing \"Orbisett\" failed with error 516, a missing suite: the host does not offer "
+         "\"AEGP Comp Suite/4\"\n"
          "orbisett-host: the host reported: The command \"Orbisett\" failed: error 516.\n"},
     };
     for (const auto& [suite, message] : cases) {
@@ -89,8 +91,10 @@ TEST_F(Failures, FailuresBeforeTheDialogWriteNothingAndAStoppedApplyIsReportedWi
         run({writeScene("s.json", s), "--out", path("after.json"), "--json-report", path("report.json")});
     EXPECT_EQ(r.status, 3);
     EXPECT_EQ(r.err,
-              "orbisett-host: \"Apply\" failed: the host refused AcquireSuite AEGP Stream Suite/4 (error 13); "
-              "0 of 3 selected layers were written\n");
+              "orbisett-host: \"Apply\" stopped: the host refused \"AEGP Stream Suite/4\" (error 13: the host does "
+              "not offer that suite); it wrote to 0 of the 3 selected layers, and left the others as they were\n");
+    EXPECT_NE(r.out.find("  arranged:     0 of 3 selected layers: \"Apply\" stopped before writing any layer"),
+              std::string::npos);
     // The run is still described, and its files written: they show what the host was left with.
     EXPECT_NE(r.out.find("Summary"), std::string::npos);
     const json report = json::parse(apptest::readFile(path("report.json")));

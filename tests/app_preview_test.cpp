@@ -7,6 +7,7 @@
 #include "app/drawing/svg_writer.h"
 #include "app/page/html_page.h"
 #include "app/page/scene_data.h"
+#include "dialog_settings.h"
 
 #include <gtest/gtest.h>
 
@@ -144,7 +145,7 @@ host::Layer& layerNamed(host::Project& project, const std::string& name) {
 app::Preview picture(const host::Project& project, const nlohmann::json& settings = nlohmann::json::object()) {
     host::Host host;
     host.replaceProject(project);
-    return app::drawPreview(host.project(), app::readRunOutcome(project, host, settings));
+    return app::drawPreview(host.project(), app::readRunOutcome(project, host, apptest::dialogReading(settings)));
 }
 
 std::size_t count(const std::string& text, const std::string& what) {
@@ -337,17 +338,16 @@ TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled) {
 }
 
 TEST(PreviewScene, SettingsAndLayerSizesAsThePluginReadsThem) {
-    // Edit values clamped to their fields' ranges; controls missing take their initial values. The
-    // numbers as given, and a source's size, show in the outline's and the page data's numbers.
-    const nlohmann::json settings{{"EDIT_DIM_X", 0}, {"EDIT_DIM_Y", 2e8}};
-    EXPECT_NEAR(app::settingNumber(settings, "EDIT_DIM_X"), 0.1, 1e-8);
-    EXPECT_EQ(app::settingNumber(settings, "EDIT_DIM_Y"), 1e7);
-    EXPECT_TRUE(app::settingOn(settings, "RADIO_OUTWARD"));
+    // Edit values clamped to their fields' ranges; controls missing take their initial values.
+    const app::DialogReading dialog = apptest::dialogReading({{"EDIT_DIM_X", 0}, {"EDIT_DIM_Y", 2e8}});
+    EXPECT_EQ(dialog.number(EDIT_DIM_X), static_cast<double>(0.1f));
+    EXPECT_EQ(dialog.number(EDIT_DIM_Y), 1e7);
+    EXPECT_TRUE(dialog.on(RADIO_OUTWARD));
+    // A layer without a source is drawn at the extent the layout gave it.
     host::Project project = cardsProject();
-    const host::Comp& main = project.comps.front();
     host::Layer text;
     text.type = AEGP_ObjectType_TEXT;
-    EXPECT_EQ(app::layerSize(project, main, text), (std::array<double, 2>{1920, 1080}));
+    EXPECT_EQ(app::layerSize(project, text, {480, 270}), (std::array<double, 2>{480, 270}));
 }
 
 Vec3 corner(const nlohmann::json& corners, int i) {
@@ -394,6 +394,38 @@ TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndThe
     const std::size_t from = page.find(open) + open.size();
     const nlohmann::json embedded = nlohmann::json::parse(page.substr(from, page.find("</script>", from) - from));
     EXPECT_EQ(embedded["layers"][0]["name"], "</script><script>alert(1)</script><!--");
+}
+
+// Text and shape layers, drawn by the preview and the page at the extent the layout gave them
+// (here a crop to 480 x 270), before and after the run, turned or not.
+TEST(PageData, TextAndShapeLayersTakeTheExtentTheLayoutGaveThem) {
+    host::Project project = cardsProject();
+    host::Comp& comp = project.comps.front();
+    const host::Id text = project.addLayer(comp.id, "Text", AEGP_ObjectType_TEXT, true);
+    const host::Id shape = project.addLayer(comp.id, "Shape", AEGP_ObjectType_VECTOR, true);
+    project.layer(shape)->prop(host::Prop::orientation).value = {0, 90, 30};
+    project.layer(shape)->prop(host::Prop::scale).value = {50, 200, 100};
+    app::RunOutcome outcome;
+    outcome.sourceless = {480, 270};
+    const auto side = [](const std::array<Vec3, 4>& c, int i, int j) { return app::length(c[j] - c[i]); };
+    for (const app::PlacedLayer& placed : app::placeLayers(project, comp, outcome.sourceless)) {
+        const double w = placed.id == text ? 480 : placed.id == shape ? 240 : 400;
+        const double h = placed.id == text ? 270 : placed.id == shape ? 540 : 300;
+        EXPECT_NEAR(side(placed.corners, 0, 1), w, kTight) << placed.name;
+        EXPECT_NEAR(side(placed.corners, 0, 3), h, kTight) << placed.name;
+        EXPECT_EQ(placed.has_source, placed.id != text && placed.id != shape);
+    }
+    const nlohmann::json data = app::pageSceneData(project, project, outcome);
+    for (const nlohmann::json& layer : data["layers"]) {
+        if (layer["source"] == false) {
+            for (const char* state : {"before", "after"}) {
+                const std::array<Vec3, 4> c{corner(layer[state], 0), corner(layer[state], 1), corner(layer[state], 2),
+                                            corner(layer[state], 3)};
+                EXPECT_NEAR(side(c, 0, 1), layer["name"] == "Text" ? 480 : 240, 0.01) << layer["name"] << state;
+                EXPECT_NEAR(side(c, 0, 3), layer["name"] == "Text" ? 270 : 540, 0.01) << layer["name"] << state;
+            }
+        }
+    }
 }
 
 TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom) {

@@ -102,7 +102,7 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
     EXPECT_EQ(r.out.substr(summary),
               "Summary\n"
               "  arranged:     12 of 13 layers (13 selected layers, no copies made)\n"
-              "  not reached:  1: #13 \"Card 13\" (they kept their places, plus the offset (960.0, 540.0, 0.0) added "
+              "  not reached:  1: #13 \"Card 13\" (it kept its place, plus the offset (960.0, 540.0, 0.0) added "
               "to every position written)\n"
               "  surface:      Given steps: circle of radius 500, centre (960, 540, 0), y from 490 to 590\n"
               "  undo:         1 group: \"Orbisett\"\n");

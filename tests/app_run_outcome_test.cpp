@@ -2,6 +2,7 @@
 // the plug-in's layout computed (to 1e-9), wherever the centre is, and the layers on it counted.
 #include "app_tool.h"
 #include "cylinder_fixture.h"
+#include "dialog_settings.h"
 
 #include "app/report/run_outcome.h"
 #include "app/run/session.h"
@@ -28,7 +29,7 @@ protected:
         options.undo = undo;
         options.plugin = ORBISETT_MODULE_PATH;
         const app::SessionResult result = app::runSession(options);
-        return app::readRunOutcome(result.before(), *result.host, result.settings);
+        return app::readRunOutcome(result.before(), *result.host, result.reading);
     }
 };
 
@@ -118,7 +119,7 @@ std::pair<app::RunOutcome, MainDlg::Vector> coreRing(const json& settings) {
         const AEGP_ThreeDVal p = dlg.layers.front().position.val.three_d;
         first = MainDlg::Vector(p.x - dlg.get_float(EDIT_SPHERE_CENTER_X), -p.y - dlg.get_float(EDIT_SPHERE_CENTER_Y),
                                 -p.z - dlg.get_float(EDIT_SPHERE_CENTER_Z));
-        outcome = app::readRunOutcome(before, host, settings);
+        outcome = app::readRunOutcome(before, host, apptest::dialogReading(settings));
     }
     sSPBasic = nullptr;
     platform::reset();

@@ -82,6 +82,4 @@ private:
     void setRadio();
     bool getRadioDefault() const;
     iADMItem* radioAt(int64_t other_id) const;
-
-    float clampToLimits(double number) const;
 };

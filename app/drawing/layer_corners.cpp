@@ -1,6 +1,7 @@
 #include "app/drawing/layer_corners.h"
 
 #include "app/drawing/layer_turn.h"
+#include "app/report/run_facts.h"
 
 #include <algorithm>
 
@@ -25,14 +26,9 @@ const host::Comp* reportedComp(const host::Project& project) {
     return project.comps.empty() ? nullptr : &project.comps.front();
 }
 
-std::array<double, 2> layerSize(const host::Project& project, const host::Comp& comp, const host::Layer& layer) {
-    if (const host::Footage* footage = project.findFootage(layer.source)) {
-        return {static_cast<double>(footage->width), static_cast<double>(footage->height)};
-    }
-    if (const host::Comp* nested = project.comp(layer.source)) {
-        return {static_cast<double>(nested->width), static_cast<double>(nested->height)};
-    }
-    return {static_cast<double>(comp.width), static_cast<double>(comp.height)};
+std::array<double, 2> layerSize(const host::Project& project, const host::Layer& layer, controls::Extent sourceless) {
+    const controls::Extent extent = sourceExtent(project, layer).value_or(sourceless);
+    return {static_cast<double>(extent.width), static_cast<double>(extent.height)};
 }
 
 PlacedLayer placeRectangle(double width, double height, const Vec3& position, const Vec3& scale,
@@ -50,7 +46,8 @@ PlacedLayer placeRectangle(double width, double height, const Vec3& position, co
     return placed;
 }
 
-std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::Comp& comp) {
+std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::Comp& comp,
+                                     controls::Extent sourceless) {
     using host::Prop;
     std::vector<PlacedLayer> placed;
     for (std::size_t i = 0; i < comp.layers.size(); ++i) {
@@ -58,7 +55,7 @@ std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::C
         if (!isSurfaceLayer(layer)) {
             continue;
         }
-        const auto [width, height] = layerSize(project, comp, layer);
+        const auto [width, height] = layerSize(project, layer, sourceless);
         const Vec3 rotation{layer.prop(Prop::rotate_x).valueAt(comp.time).x,
                             layer.prop(Prop::rotate_y).valueAt(comp.time).x,
                             layer.prop(Prop::rotate_z).valueAt(comp.time).x};
@@ -67,7 +64,7 @@ std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::C
                                        layer.prop(Prop::orientation).valueAt(comp.time), rotation);
         p.name = layer.name;
         p.id = layer.id;
-        p.has_source = project.findFootage(layer.source) != nullptr || project.comp(layer.source) != nullptr;
+        p.has_source = sourceExtent(project, layer).has_value();
         p.number = static_cast<int>(i + 1);
         placed.push_back(std::move(p));
     }

@@ -39,6 +39,9 @@ std::string whatRan(const host::Comp& comp, const RunOutcome& o) {
         case ApplyState::applied:
             break;
     }
+    if (o.written.empty()) {
+        return text + "the step wrote no layer.";
+    }
     text += std::to_string(o.arranged.size()) + " of " + count(o.written.size(), "layer", "layers") +
             " placed on the surface";
     if (!o.copies.empty()) {
@@ -79,6 +82,11 @@ std::vector<std::string> captionSentences(const CaptionFacts& f) {
     if (const std::string notes = notesSentence(o.surface); !notes.empty()) {
         lines.push_back(notes);
     }
+    if (o.ring_closing) {
+        lines.push_back("The ring did not close evenly: \"" + layerName(*f.comp, o.ring_closing->last) +
+                        "\", the last layer, was stretched to " + percentText(o.ring_closing->stretch) +
+                        " % of its width to close it.");
+    }
     if (!o.not_reached.empty()) {
         lines.push_back("Not reached by the layout (kept their places, moved by the composition-centre offset): " +
                         nameList(names(*f.comp, o.not_reached), kNamesShown) + ".");
@@ -90,8 +98,8 @@ std::vector<std::string> captionSentences(const CaptionFacts& f) {
         lines.push_back("Left out, too large or not finite to draw: " + nameList(f.left_out, kNamesShown) + ".");
     }
     lines.push_back(
-        "Light: front faces; dark: back faces; dashed: layers without a source (their extent is not "
-        "known); faint grey: the composition's frame and centre; dashed grey: the surface used.");
+        "Light: front faces; dark: back faces; dashed: text and shape layers, at the extent the layout gave "
+        "them; faint grey: the composition's frame and centre; dashed grey: the surface used.");
     return lines;
 }
 

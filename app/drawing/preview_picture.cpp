@@ -60,8 +60,23 @@ std::vector<Vec3> ellipse(const Surface& s, double y) {
     return ring;
 }
 
+// Whether the rim around host angle `a` (as `ellipse` draws it) lies in a half the sector
+// admits; the layout measures its angles from the front (host -Z) toward +X.
+bool admitted(const Surface& s, double a) {
+    return !s.sector || controls::sectorAdmitsAngle(*s.sector, 180.0 - a * 180.0 / std::numbers::pi);
+}
+
+// A straight line as pieces, so that each is painted at its own depth.
+void addLine(std::vector<std::pair<Vec3, Vec3>>& pieces, const Vec3& from, const Vec3& to) {
+    constexpr int kLinePieces = 8;
+    for (int i = 0; i < kLinePieces; ++i) {
+        pieces.emplace_back(from + (static_cast<double>(i) / kLinePieces) * (to - from),
+                            from + (static_cast<double>(i + 1) / kLinePieces) * (to - from));
+    }
+}
+
 // The surface's outline as pieces: top and bottom rims (one ellipse for the equator and the
-// ring) and the axis through its centre.
+// ring), only the halves a sector admits with the edges where they end, and the axis.
 std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s) {
     std::vector<std::pair<Vec3, Vec3>> pieces;
     if (!s.known) {
@@ -69,20 +84,25 @@ std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s) {
     }
     const std::vector<double> rims =
         s.top == s.bottom ? std::vector<double>{s.top} : std::vector<double>{s.top, s.bottom};
+    const double step = 2 * std::numbers::pi / kOutlineSegments;
     for (const double y : rims) {
         const std::vector<Vec3> ring = ellipse(s, y);
         for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
-            pieces.emplace_back(ring[i], ring[i + 1]);
+            if (admitted(s, step * (static_cast<double>(i) + 0.5))) {
+                pieces.emplace_back(ring[i], ring[i + 1]);
+            }
         }
     }
-    const Vec3 top{s.centre.x, s.top, s.centre.z};
-    const Vec3 bottom{s.centre.x, s.bottom, s.centre.z};
-    if (s.top != s.bottom) {
-        constexpr int kAxisPieces = 8;
-        for (int i = 0; i < kAxisPieces; ++i) {
-            pieces.emplace_back(top + (static_cast<double>(i) / kAxisPieces) * (bottom - top),
-                                top + (static_cast<double>(i + 1) / kAxisPieces) * (bottom - top));
+    const std::vector<Vec3> top_rim = ellipse(s, s.top);
+    const std::vector<Vec3> bottom_rim = ellipse(s, s.bottom);
+    for (std::size_t i = 0; s.sector && s.top != s.bottom && i + 1 < top_rim.size(); ++i) {
+        const double a = step * static_cast<double>(i);
+        if (admitted(s, a - 0.5 * step) != admitted(s, a + 0.5 * step)) {
+            addLine(pieces, top_rim[i], bottom_rim[i]);
         }
+    }
+    if (s.top != s.bottom) {
+        addLine(pieces, {s.centre.x, s.top, s.centre.z}, {s.centre.x, s.bottom, s.centre.z});
     }
     return pieces;
 }
@@ -295,7 +315,7 @@ Preview drawPreview(const host::Project& project, const RunOutcome& outcome) {
         return preview;
     }
 
-    const std::vector<PlacedLayer> placed = placeLayers(project, *comp);
+    const std::vector<PlacedLayer> placed = placeLayers(project, *comp, outcome.sourceless);
     std::vector<const PlacedLayer*> layers;
     for (const PlacedLayer& layer : placed) {
         if (sane(layer)) {
@@ -337,6 +357,8 @@ Preview drawPreview(const host::Project& project, const RunOutcome& outcome) {
         const bool overlaps = box.right >= 0 && box.left <= kWidth && box.bottom >= area.top && box.top <= kHeight;
         if (in_front && overlaps) {
             items.push_back({depth, layer, {}, {}});
+        } else if (!in_front && view.inFront(layer->centre)) {
+            preview.left_out.push_back(layer->name);  // it reaches behind the camera: too large to draw
         } else {
             preview.outside.push_back(layer->name);
         }
@@ -374,6 +396,7 @@ Preview drawPreview(const host::Project& project, const RunOutcome& outcome) {
     }
     // Last, over anything that reaches up into it.
     facts.outside = preview.outside;
+    facts.left_out = preview.left_out;
     double y = kMargin;
     for (const std::string& sentence : captionSentences(facts)) {
         for (const std::string& line : wrapText(sentence, kCaptionWidth)) {

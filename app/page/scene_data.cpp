@@ -70,13 +70,13 @@ struct BeforeState {
     nlohmann::json values;
 };
 
-std::map<host::Id, BeforeState> beforeStates(const host::Project& before) {
+std::map<host::Id, BeforeState> beforeStates(const host::Project& before, controls::Extent sourceless) {
     std::map<host::Id, BeforeState> states;
     const host::Comp* comp = reportedComp(before);
     if (comp == nullptr) {
         return states;
     }
-    for (const PlacedLayer& placed : placeLayers(before, *comp)) {
+    for (const PlacedLayer& placed : placeLayers(before, *comp, sourceless)) {
         const host::Layer& layer = comp->layers[static_cast<std::size_t>(placed.number - 1)];
         states[layer.id] = {corners(placed), values(layer, comp->time)};
     }
@@ -85,7 +85,7 @@ std::map<host::Id, BeforeState> beforeStates(const host::Project& before) {
 
 nlohmann::json layersData(const host::Project& before, const host::Project& after, const host::Comp& comp,
                           const RunOutcome& outcome) {
-    const std::map<host::Id, BeforeState> was = beforeStates(before);
+    const std::map<host::Id, BeforeState> was = beforeStates(before, outcome.sourceless);
     std::map<host::Id, host::Id> original_of;
     for (const LayerCopy& copy : outcome.copies) {
         original_of[copy.layer] = copy.original;
@@ -93,7 +93,7 @@ nlohmann::json layersData(const host::Project& before, const host::Project& afte
     const std::set<host::Id> arranged(outcome.arranged.begin(), outcome.arranged.end());
     const std::set<host::Id> not_reached(outcome.not_reached.begin(), outcome.not_reached.end());
     nlohmann::json layers = nlohmann::json::array();
-    for (const PlacedLayer& placed : placeLayers(after, comp)) {
+    for (const PlacedLayer& placed : placeLayers(after, comp, outcome.sourceless)) {
         const host::Layer& layer = comp.layers[static_cast<std::size_t>(placed.number - 1)];
         nlohmann::json entry = {{"name", layer.name},           {"number", placed.number},
                                 {"kind", kindName(layer.type)}, {"source", placed.has_source},

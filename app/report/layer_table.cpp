@@ -158,6 +158,19 @@ std::string layerChange(const host::Project& before, const host::Layer& layer) {
     return "";
 }
 
+namespace {
+
+// What the run did to a layer; a layer the layout did not reach is marked so even when its
+// values came back unchanged.
+std::string runColumn(const std::string& change, bool not_reached) {
+    if (!not_reached) {
+        return change;
+    }
+    return change.empty() ? "not reached" : change + ", not reached";
+}
+
+}  // namespace
+
 std::string layerTable(const host::Project& before, const host::Project& after,
                        const std::vector<host::Id>& not_reached) {
     const std::set<host::Id> missed(not_reached.begin(), not_reached.end());
@@ -172,14 +185,15 @@ std::string layerTable(const host::Project& before, const host::Project& after,
         using host::Prop;
         rows.push_back({{std::to_string(i + 1), escapedText(layer.name),
                          std::string(typeName(layer.type)) + (layer.three_d ? "" : " 2D"), "", "", "", keyCounts(layer),
-                         layerChange(before, layer) + (missed.count(layer.id) != 0 ? ", not reached" : "")}});
+                         runColumn(layerChange(before, layer), missed.count(layer.id) != 0)}});
         triples.push_back({triple(layer.prop(Prop::position).valueAt(comp->time)),
                            triple(layer.prop(Prop::orientation).valueAt(comp->time)),
                            triple(layer.prop(Prop::scale).valueAt(comp->time))});
     }
     alignTriples(rows, triples);
     return "Composition \"" + escapedText(comp->name) + "\", " + std::to_string(comp->width) + " x " +
-           std::to_string(comp->height) + ", " + std::to_string(comp->layers.size()) + " layers\n" + formatRows(rows);
+           std::to_string(comp->height) + ", " + std::to_string(comp->layers.size()) +
+           (comp->layers.size() == 1 ? " layer\n" : " layers\n") + formatRows(rows);
 }
 
 }  // namespace app

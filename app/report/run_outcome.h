@@ -1,32 +1,20 @@
-// What one run of the command observably did, read off the project before it, the host after it
-// and the settings the dialog held: the layers it took, the copies it made, which layers it put on
-// the surface and which it did not reach, and the surface it used. The tool reaches the plug-in
-// only through its module, so sizes that only the layout knows (the radius that "Radius Set by
-// First" computes, the ring's size) are read off where the run put the first layer it wrote.
+// What one run of the command did, decided from what it observably did (app/report/run_facts.h)
+// and the settings the dialog held after it: which layers it put on the surface and which it did
+// not reach, and the surface it used. The settings' meaning comes from the control library's
+// rules, never from rules of our own; sizes that only the layout knows (the radius "Radius Set
+// by First" computes, the ring's size) are read off where the run put the first layer it wrote.
 #pragma once
 
-#include "app/drawing/vec3.h"
-#include "host/host.h"
-#include "host/project.h"
+#include "app/report/run_facts.h"
+#include "app/run/dialog_reading.h"
 
-#include <nlohmann/json.hpp>
-
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace app {
 
-// The placement the dialog's settings chose, by the dialog's precedence: "Radius Set by First"
-// when it is on and "Distribute Evenly" off; else "Distribute Evenly" or given steps unless
-// "Equator Only"; else the ring with "Create Ring With Layers", else steps along the equator.
-enum class SurfaceMode { given_steps, evenly, equator, ring, radius_by_first };
-
-// What became of the "Apply" step.
-enum class ApplyState {
-    not_applied,  // no "Apply" step in the host (--no-apply)
-    applied,      // the step is in the host's history and in effect
-    undone,       // the step was taken back: every layer is where it was before
-};
+using SurfaceMode = controls::PlacementMode;
 
 // The surface the layout used, in the host frame (X right, Y down, Z away from the viewer).
 struct Surface {
@@ -38,9 +26,9 @@ struct Surface {
     // Where the layout frame's origin lands: the cylinder centre fields as the plug-in reads them
     // (single precision), turned into the host frame (x, -y, -z), plus `RunOutcome::offset`.
     Vec3 centre;
-    // Half-axes of the horizontal cross-section along X and Z: the box's halves (single
-    // precision) for the box modes, the circle's radius twice for "Radius Set by First", the
-    // ring's ellipse for the ring. Zero when not known.
+    // Half-axes of the horizontal cross-section along X and Z: the box's halves for the box
+    // modes, the circle's radius twice for "Radius Set by First", the ring's ellipse for the ring.
+    // Zero when not known.
     double half_x = 0;
     double half_z = 0;
     // Host Y of the highest and lowest places (top <= bottom, Y points down): the box's height
@@ -49,24 +37,28 @@ struct Surface {
     double bottom = 0;
     // The layer whose place gave the size ("Radius Set by First", ring); 0 otherwise.
     host::Id sized_by = 0;
+    // The halves a "Sector" admits, when one limits the places: only in the modes that test it,
+    // and not when two opposite halves make up the whole cylinder.
+    std::optional<controls::SectorBoxes> sector;
+    bool inward = false;              // layers turned to face the axis
+    std::optional<double> scaled_to;  // "Scale Layer to": every layer brought to this square
     // Sentences on where the surface used differs from the dialog's box, or why it is not known.
     std::vector<std::string> notes;
 };
 
-struct LayerCopy {
-    host::Id layer = 0;     // the copy
-    host::Id original = 0;  // the layer it was made from
+// How the ring closed: the last panel's width against the width it had, observed from its
+// Scale X before and after the run.
+struct RingClosing {
+    host::Id last = 0;
+    double stretch = 1;  // 3 when the last layer was made three times as wide
 };
 
 struct RunOutcome {
     ApplyState apply = ApplyState::not_applied;
     host::Id comp = 0;  // the active composition the command worked on; 0 when there is none
-    // The selected 3D footage, text and shape layers of that composition, in selection order.
     std::vector<host::Id> taken;
-    // Layers the run made as copies ("Repeat Layers"), in layer order; gone again after an undo.
     std::vector<LayerCopy> copies;
-    // Every layer the "Apply" step wrote, in the plug-in's list order (the first is the first
-    // record); copies included. Layers that no longer exist (copies after an undo) are left out.
+    // Every layer the "Apply" step wrote, in the plug-in's list order; copies included.
     std::vector<host::Id> written;
     // Written layers that lie on the surface after the run, in list order. Empty unless applied.
     std::vector<host::Id> arranged;
@@ -74,23 +66,25 @@ struct RunOutcome {
     std::vector<host::Id> not_reached;
     // Added to every position the step wrote: the composition's centre with "Use Comp Center".
     Vec3 offset;
+    // The extent the layout gave text and shape layers, which have no source of their own.
+    controls::Extent sourceless;
+    std::optional<RingClosing> ring_closing;
     Surface surface;
 };
 
-RunOutcome readRunOutcome(const host::Project& before, const host::Host& after, const nlohmann::json& settings);
+RunOutcome decideOutcome(const RunFacts& facts, const DialogReading& dialog);
+RunOutcome readRunOutcome(const host::Project& before, const host::Host& after, const DialogReading& dialog);
 
 // "Radius Set by First", "Distribute Evenly", ... as the dialog names the mode ("Given steps"
 // for the mode of the min and increment fields, which has no name in the dialog).
 const char* modeName(SurfaceMode mode);
 
-// One line on the surface: the mode, its size and centre, e.g.
-// "Radius Set by First: circle of radius 275.2, centre (960, 540, 0), y from 40 to 1040", or
-// "...: size not known".
+// One line on the surface: the mode and what else shapes it, its size and centre, e.g.
+// "Radius Set by First, Sector (front half), Inward: circle of radius 275.2, centre (960, 540,
+// 0), y from 40 to 1040", or "...: size not known".
 std::string describeSurface(const Surface& surface);
 
-// A setting as the plug-in reads it: edit values clamped to their range and held in single
-// precision, controls missing from `settings` at their initial values.
-double settingNumber(const nlohmann::json& settings, const char* name);
-bool settingOn(const nlohmann::json& settings, const char* name);
+// The number of percent, as the summary prints it: "300", "99.7".
+std::string percentText(double fraction);
 
 }  // namespace app

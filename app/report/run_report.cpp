@@ -33,47 +33,55 @@ std::vector<NamedLayer> named(const host::Project& project, host::Id comp_id, co
     return layers;
 }
 
+std::string plural(std::size_t n, const char* one, const char* many) {
+    return (n == 0 ? std::string("no") : std::to_string(n)) + " " + (n == 1 ? one : many);
+}
+
+std::string countOf(std::size_t n, const char* one, const char* many) {
+    return std::to_string(n) + " " + (n == 1 ? one : many);
+}
+
 std::string callList(const std::vector<host::RefusedCall>& calls) {
     std::string text;
     for (const host::RefusedCall& call : calls) {
-        text += (text.empty() ? "" : ", ") + call.call + " (error " + std::to_string(call.err) + ")";
+        text += (text.empty() ? "" : ", ") + refusedCallText(call);
     }
     return text;
 }
 
+// How many of the layers the command took the step wrote to.
+std::size_t takenWritten(const RunOutcome& outcome) {
+    const std::set<host::Id> written(outcome.written.begin(), outcome.written.end());
+    return static_cast<std::size_t>(
+        std::count_if(outcome.taken.begin(), outcome.taken.end(), [&](host::Id id) { return written.count(id) != 0; }));
+}
+
 // A finished "Apply" writes every layer it took; one that stopped early, or whose calls the host
 // refused beyond asking for suites it may do without, failed.
-std::string applyFailure(const SessionResult& run, const RunOutcome& outcome) {
-    if (!run.apply.pressed) {
-        return {};
-    }
-    const std::set<host::Id> written(outcome.written.begin(), outcome.written.end());
-    const std::size_t taken_written = static_cast<std::size_t>(
-        std::count_if(outcome.taken.begin(), outcome.taken.end(), [&](host::Id id) { return written.count(id) != 0; }));
+bool applyFailed(const SessionResult& run, const RunOutcome& outcome) {
     const bool refused_call =
         std::any_of(run.apply.refused.begin(), run.apply.refused.end(),
                     [](const host::RefusedCall& c) { return c.call.rfind("AcquireSuite", 0) != 0; });
-    if (taken_written == outcome.taken.size() && !refused_call) {
-        return {};
-    }
-    std::string text = "\"Apply\" failed: ";
+    return run.apply.pressed && (takenWritten(outcome) != outcome.taken.size() || refused_call);
+}
+
+std::string applyFailure(const SessionResult& run, const RunOutcome& outcome) {
+    std::string text = "\"Apply\" stopped: ";
     if (!run.apply.refused.empty()) {
         text += "the host refused " + callList(run.apply.refused) + "; ";
     }
-    return text + std::to_string(taken_written) + " of " + std::to_string(outcome.taken.size()) +
-           " selected layers were written";
+    const std::size_t written = takenWritten(outcome);
+    return text + "it wrote to " + std::to_string(written) + " of the " +
+           countOf(outcome.taken.size(), "selected layer", "selected layers") +
+           (written == outcome.taken.size() ? "" : ", and left the others as they were");
 }
 
 std::vector<std::string> failures(const SessionResult& run, const RunOutcome& outcome) {
     std::vector<std::string> lines = hostReports(*run.host);
-    if (std::string apply = applyFailure(run, outcome); !apply.empty()) {
-        lines.push_back(std::move(apply));
+    if (applyFailed(run, outcome)) {
+        lines.push_back(applyFailure(run, outcome));
     }
     return lines;
-}
-
-std::string plural(std::size_t n, const char* one, const char* many) {
-    return (n == 0 ? std::string("no") : std::to_string(n)) + " " + (n == 1 ? one : many);
 }
 
 std::string arrangedLine(const RunReport& r) {
@@ -87,7 +95,17 @@ std::string arrangedLine(const RunReport& r) {
         case ApplyState::applied:
             break;
     }
-    return std::to_string(r.arranged) + " of " + plural(r.written, "layer", "layers") + " (" + taken + ")";
+    if (r.stopped_after) {
+        return std::to_string(r.arranged) + " of " + countOf(r.selected, "selected layer", "selected layers") +
+               ": \"Apply\" stopped " +
+               (*r.stopped_after == 0 ? std::string("before writing any layer")
+                                      : "after writing to " + std::to_string(*r.stopped_after)) +
+               " (" + taken + ")";
+    }
+    if (r.written == 0) {
+        return "nothing: the step wrote no layer (" + taken + ")";
+    }
+    return std::to_string(r.arranged) + " of " + countOf(r.written, "layer", "layers") + " (" + taken + ")";
 }
 
 std::string vectorText(const Vec3& v) {
@@ -95,6 +113,9 @@ std::string vectorText(const Vec3& v) {
 }
 
 std::string notReachedLine(const RunReport& r) {
+    if (r.stopped_after) {
+        return "not known: \"Apply\" stopped part-way";
+    }
     if (r.not_reached.empty()) {
         return "none";
     }
@@ -106,9 +127,11 @@ std::string notReachedLine(const RunReport& r) {
     if (r.not_reached.size() > kNamesShown) {
         line += " and " + std::to_string(r.not_reached.size() - kNamesShown) + " more";
     }
+    const bool one = r.not_reached.size() == 1;
+    const std::string kept = one ? "it kept its place" : "they kept their places";
     return line + (r.offset.empty()
-                       ? " (they kept their places)"
-                       : " (they kept their places, plus the offset " + r.offset + " added to every position written)");
+                       ? " (" + kept + ")"
+                       : " (" + kept + ", plus the offset " + r.offset + " added to every position written)");
 }
 
 std::string undoLine(const RunReport& r) {
@@ -140,6 +163,12 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome) {
     }
     r.surface = describeSurface(outcome.surface);
     r.surface_notes = outcome.surface.notes;
+    if (outcome.ring_closing) {
+        const host::Layer* last = project.layer(outcome.ring_closing->last);
+        r.surface_notes.push_back("the ring did not close evenly: the last layer, \"" +
+                                  escapedText(last != nullptr ? last->name : "") + "\", was stretched to " +
+                                  percentText(outcome.ring_closing->stretch) + " % of its width to close it");
+    }
     for (const host::UndoGroup& g : run.host->undoGroups()) {
         if (g.depth == 0) {
             r.undo_groups.push_back(g);
@@ -147,6 +176,12 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome) {
     }
     r.warnings = runWarnings(run, outcome);
     r.failures = failures(run, outcome);
+    if (applyFailed(run, outcome)) {
+        // A layer the step stopped on may hold some values and not others: it was neither placed
+        // nor left alone by the layout.
+        r.stopped_after = takenWritten(outcome);
+        r.not_reached.clear();
+    }
     return r;
 }
 
@@ -198,6 +233,7 @@ nlohmann::json summaryJson(const RunReport& r, int status) {
             {"copies", r.copies},
             {"written", r.written},
             {"arranged", r.arranged},
+            {"stopped_after", r.stopped_after ? json(*r.stopped_after) : json(nullptr)},
             {"not_reached", std::move(not_reached)},
             {"surface", {{"text", r.surface}, {"notes", r.surface_notes}}},
             {"undo_groups", std::move(undo)},

@@ -10,6 +10,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,10 +27,12 @@ struct RunReport {
     std::size_t copies = 0;    // made by "Apply", counted before any undo
     std::size_t written = 0;   // layers the step wrote that still exist
     std::size_t arranged = 0;
-    std::vector<NamedLayer> not_reached;
+    // Set when "Apply" stopped before it wrote every layer it took: how many of those it wrote to.
+    std::optional<std::size_t> stopped_after;
+    std::vector<NamedLayer> not_reached;  // empty when "Apply" stopped part-way
     std::string offset;   // added to every position written, e.g. "(960.0, 540.0, 0.0)"; empty when none
     std::string surface;  // mode, size and centre
-    std::vector<std::string> surface_notes;
+    std::vector<std::string> surface_notes;    // the ring's closing among them
     std::vector<host::UndoGroup> undo_groups;  // outermost groups only
     std::vector<Warning> warnings;
     // What the plug-in or the host reported as failing; any makes the exit status 3.

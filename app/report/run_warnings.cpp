@@ -1,12 +1,15 @@
 #include "app/report/run_warnings.h"
 
-#include "app/run/field_reading.h"
+#include "app/drawing/preview_caption.h"
 #include "controls/control_notes.h"
+#include "controls/field_reading.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <limits>
+#include <map>
 
 namespace app {
 
@@ -35,7 +38,7 @@ const ControlState* stateOf(const SessionResult& run, const ControlSpec& control
 bool changesTheInitialValue(const ControlSetting& setting) {
     const ControlSpec& control = *setting.control;
     if (control.kind == SettingKind::edit) {
-        const std::optional<double> reading = fieldReading(control, setting.text);
+        const std::optional<double> reading = controls::fieldReading(control, setting.text);
         return reading && static_cast<float>(*reading) != control.value;
     }
     if (control.kind == SettingKind::radio) {
@@ -48,8 +51,8 @@ bool changesTheInitialValue(const ControlSetting& setting) {
 // whole number.
 void readDifferently(const ControlSetting& setting, std::vector<Warning>& out) {
     const ControlSpec& control = *setting.control;
-    const std::optional<NumberInText> typed = leadingNumber(setting.text);
-    const std::optional<double> reading = fieldReading(control, setting.text);
+    const std::optional<controls::NumberInText> typed = controls::leadingNumber(setting.text);
+    const std::optional<double> reading = controls::fieldReading(control, setting.text);
     if (!typed || !reading) {
         return;
     }
@@ -103,7 +106,7 @@ void repeatsCut(const SessionResult& run, const RunOutcome& outcome, std::vector
     if (!run.apply.pressed || !stateOn(run, CHECK_REPEAT_LAYERS).value_or(false) || count == nullptr) {
         return;
     }
-    const std::optional<double> repeats = fieldReading(*count->control, count->text);
+    const std::optional<double> repeats = controls::fieldReading(*count->control, count->text);
     if (!repeats) {
         return;
     }
@@ -111,9 +114,45 @@ void repeatsCut(const SessionResult& run, const RunOutcome& outcome, std::vector
     if (static_cast<double>(run.apply.copies) < asked) {
         out.push_back({"EDIT_REPEAT_COUNT", "repeats_cut",
                        "EDIT_REPEAT_COUNT: " + readingText(*count->control, *repeats) + " repeats of " +
-                           std::to_string(outcome.taken.size()) + " layers ask for " +
-                           readingText(*count->control, asked) + " copies; " + std::to_string(run.apply.copies) +
-                           " were made (the repeats were cut to what fits)"});
+                           std::to_string(outcome.taken.size()) + (outcome.taken.size() == 1 ? " layer" : " layers") +
+                           " ask for " + readingText(*count->control, asked) + " copies; " +
+                           std::to_string(run.apply.copies) + " were made (the repeats were cut to what fits)"});
+    }
+}
+
+std::string placeText(const Vec3& p) {
+    char text[96];
+    std::snprintf(text, sizeof text, "(%.1f, %.1f, %.1f)", p.x, p.y, p.z);
+    return text;
+}
+
+// Arranged layers the run put exactly where another one went: each hides the others.
+void stacked(const SessionResult& run, const RunOutcome& outcome, std::vector<Warning>& out) {
+    const host::Project& project = run.host->project();
+    const host::Comp* comp = project.comp(outcome.comp);
+    std::map<std::array<double, 3>, std::vector<std::string>> at;
+    for (const host::Id id : outcome.arranged) {
+        const host::Layer* layer = comp != nullptr ? project.layer(id) : nullptr;
+        if (layer != nullptr) {
+            const Vec3 p = layer->prop(host::Prop::position).valueAt(comp->time);
+            at[{p.x, p.y, p.z}].push_back("\"" + layer->name + "\"");
+        }
+    }
+    std::size_t count = 0;
+    const std::vector<std::string>* largest = nullptr;
+    Vec3 place;
+    for (const auto& [p, names] : at) {
+        count += names.size() > 1 ? names.size() : 0;
+        if (names.size() > 1 && (largest == nullptr || names.size() > largest->size())) {
+            largest = &names, place = {p[0], p[1], p[2]};
+        }
+    }
+    if (largest != nullptr) {
+        out.push_back({"", "stacked",
+                       std::to_string(count) + " arranged layers share their place with another, " +
+                           nameList(*largest, 3) + " at " + placeText(place) +
+                           ": a step of 0 between places (EDIT_MIN_LONGITUDE, EDIT_MIN_LATITUDE and their "
+                           "increments) puts layers on one spot"});
     }
 }
 
@@ -129,6 +168,7 @@ std::vector<Warning> runWarnings(const SessionResult& run, const RunOutcome& out
     }
     repeatPath(run, warnings);
     repeatsCut(run, outcome, warnings);
+    stacked(run, outcome, warnings);
     return warnings;
 }
 

@@ -1,7 +1,7 @@
 #include "app/run/control_settings.h"
 
 #include "app/run/app_error.h"
-#include "app/run/field_reading.h"
+#include "controls/field_reading.h"
 
 #include <algorithm>
 #include <array>
@@ -44,7 +44,7 @@ bool isBlank(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; 
 // Why the text is not one number as an edit field reads it (blanks around it are fine); empty
 // when it is. Text after the number would be ignored by the field, so it is refused too.
 std::string numberProblem(std::string_view text) {
-    const std::optional<NumberInText> number = leadingNumber(text);
+    const std::optional<controls::NumberInText> number = controls::leadingNumber(text);
     if (!number) {
         return "takes a number, not \"" + std::string(text) + "\"";
     }
@@ -96,10 +96,10 @@ ControlSetting settingFromText(const ControlSpec& control, std::string_view valu
             if (const std::string problem = numberProblem(value); !problem.empty()) {
                 throw AppError(where + ": " + name + " is an edit field and " + problem);
             }
-            if (value.size() > kEditFieldReads) {
+            if (value.size() > controls::kFieldReadsCharacters) {
                 throw AppError(where + ": " + name + " is an edit field, which reads only the first " +
-                               std::to_string(kEditFieldReads) + " characters of a number; this one has " +
-                               std::to_string(value.size()));
+                               std::to_string(controls::kFieldReadsCharacters) +
+                               " characters of a number; this one has " + std::to_string(value.size()));
             }
             setting.text = std::string(value);
             return setting;

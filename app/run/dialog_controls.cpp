@@ -1,13 +1,10 @@
 #include "app/run/dialog_controls.h"
 
 #include "app/run/app_error.h"
-#include "app/run/field_reading.h"
+#include "app/run/dialog_reading.h"
 #include "controls/settings_table.h"
 
-#include <cmath>
-#include <cstdint>
 #include <functional>
-#include <optional>
 
 namespace app {
 
@@ -75,31 +72,6 @@ void checkControl(const DialogView& dialog, const ControlSetting& setting) {
     }
 }
 
-// The number a text holds and nothing else (blanks around it aside).
-std::optional<double> wholeNumber(const std::string& text) {
-    const std::optional<NumberInText> number = leadingNumber(text);
-    if (!number || !std::isfinite(number->value) ||
-        text.find_first_not_of(" \t\n\v\f\r", number->length) != std::string::npos) {
-        return std::nullopt;
-    }
-    return number->value;
-}
-
-nlohmann::json editValue(ControlRef ref) {
-    const std::string text = platform::controlText(ref);
-    const std::optional<double> number = wholeNumber(text);
-    if (!number) {
-        return text;
-    }
-    // Whole numbers read back as integers, so a written scene shows 1600 rather than 1600.0;
-    // a typed -0 stays a double so that it reads back the same.
-    const double v = *number;
-    if (std::trunc(v) == v && std::fabs(v) < 9.0e15 && !(v == 0.0 && std::signbit(v))) {
-        return static_cast<std::int64_t>(v);
-    }
-    return *number;
-}
-
 }  // namespace
 
 void setControls(const DialogView& dialog, const std::vector<ControlSetting>& settings) {
@@ -134,20 +106,7 @@ std::vector<ControlState> controlStates(const DialogView& dialog) {
     return states;
 }
 
-nlohmann::json readControls(const DialogView& dialog) {
-    nlohmann::json values = nlohmann::json::object();
-    for (const ControlSpec& control : cylinder_controls()) {
-        if (!holdsValue(control)) {
-            continue;
-        }
-        ControlRef ref = dialog.control(control.id);
-        if (ref == nullptr) {
-            continue;
-        }
-        values[control.name] = control.kind == SettingKind::edit ? editValue(ref) : nlohmann::json(isOn(ref));
-    }
-    return values;
-}
+nlohmann::json readControls(const DialogView& dialog) { return DialogReading(controlStates(dialog)).settingsJson(); }
 
 DialogView DialogView::find(const host::Host& host) {
     DialogView view;

@@ -38,8 +38,8 @@ void setControls(const DialogView& dialog, const std::vector<ControlSetting>& se
 // Presses a push button; throws HostFailure when the window system refuses.
 void pressButton(const DialogView& dialog, const ControlSpec& button);
 
-// Every named control that holds a value, as the dialog holds it: edits as numbers (the text
-// when it is not one), check boxes and radios as booleans.
+// Every named control that holds a value, as the dialog holds it: edits as the number the field
+// reads from its text, check boxes and radios as booleans.
 nlohmann::json readControls(const DialogView& dialog);
 
 // What the window system shows of a control that holds a value.

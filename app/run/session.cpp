@@ -5,9 +5,12 @@
 #include "app/run/dialog_controls.h"
 #include "controls/settings_table.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <iterator>
+#include <string_view>
 
 namespace app {
 
@@ -36,12 +39,14 @@ void startPlugin(host::Host& host, const std::string& path) {
     if (!std::filesystem::exists(path)) {
         throw AppError("--plugin " + path + ": no such file");
     }
+    const std::size_t refused_before = host.refusedCalls().size();
     const A_Err err = host.loadPlugin(path);
     if (!host.loaderError().empty()) {
         throw AppError("--plugin " + path + ": cannot load the module: " + host.loaderError());
     }
     if (err != A_Err_NONE || !host.escapedExceptions().empty()) {
-        throw HostFailure("the plug-in's start-up failed with error " + std::to_string(err), hostReports(host));
+        throw HostFailure("the plug-in's start-up failed with " + errorText(host, err, refused_before),
+                          hostReports(host));
     }
 }
 
@@ -55,10 +60,12 @@ void openDialog(host::Host& host, const std::string& scene) {
         throw AppError(scene + ": the \"" + kProductName +
                        "\" menu item is disabled: the selection holds no 3D footage, text or shape layer");
     }
+    const std::size_t refused_before = host.refusedCalls().size();
     const A_Err err = host.chooseMenuItem(kProductName);
     if (err != A_Err_NONE) {
-        throw HostFailure(std::string("choosing \"") + kProductName + "\" failed with error " + std::to_string(err),
-                          hostReports(host));
+        throw HostFailure(
+            std::string("choosing \"") + kProductName + "\" failed with " + errorText(host, err, refused_before),
+            hostReports(host));
     }
     host.idle();
 }
@@ -93,13 +100,43 @@ ApplyFacts pressApply(host::Host& host, const DialogView& dialog) {
 
 }  // namespace
 
+std::string refusedCallText(const host::RefusedCall& call) {
+    const std::string_view acquire = "AcquireSuite ";
+    if (call.call.rfind(acquire, 0) == 0) {
+        return "\"" + call.call.substr(acquire.size()) + "\" (error " + std::to_string(call.err) +
+               ": the host does not offer that suite)";
+    }
+    return call.call + " (error " + std::to_string(call.err) + ")";
+}
+
+std::string errorText(const host::Host& host, A_Err err, std::size_t since) {
+    std::string text = "error " + std::to_string(err);
+    const std::vector<host::RefusedCall>& refused = host.refusedCalls();
+    const std::string_view acquire = "AcquireSuite ";
+    // A missing suite is thrown as soon as it is refused: the last refusal is the one.
+    for (std::size_t i = refused.size(); err == A_Err_BAD_CALLBACK_PARAM && i > since; --i) {
+        if (refused[i - 1].call.rfind(acquire, 0) == 0) {
+            return text + ", a missing suite: the host does not offer \"" + refused[i - 1].call.substr(acquire.size()) +
+                   "\"";
+        }
+    }
+    return text;
+}
+
 std::vector<std::string> hostReports(const host::Host& host) {
     std::vector<std::string> lines;
     for (const host::Report& report : host.reports()) {
         lines.push_back("the host reported: " + report.text);
     }
     for (const host::EscapedException& escaped : host.escapedExceptions()) {
-        lines.push_back("the host stopped an exception from the plug-in's " + escaped.hook + " hook: " + escaped.what);
+        const std::string_view code = "int ";
+        std::string what = escaped.what;
+        if (what.rfind(code, 0) == 0) {
+            what = "it threw " + errorText(host, std::atoi(what.c_str() + code.size()), 0);
+        } else {
+            what = "it threw \"" + what + "\"";
+        }
+        lines.push_back("the host stopped the plug-in's " + escaped.hook + " hook: " + what);
     }
     return lines;
 }
@@ -144,7 +181,8 @@ SessionResult runSession(const Options& options) {
     }
     result.controls = controlStates(dialog);
     result.dialog_enabled = IsControlEnabled(dialog.control(BUTTON_APPLY)) != 0;
-    result.settings = readControls(dialog);
+    result.reading = DialogReading(result.controls);
+    result.settings = result.reading.settingsJson();
     result.dialog_svg = dialog.svg();
     if (options.undo) {
         result.undo_asked = true;

@@ -5,6 +5,7 @@
 
 #include "app/run/control_settings.h"
 #include "app/run/dialog_controls.h"
+#include "app/run/dialog_reading.h"
 #include "app/run/options.h"
 #include "host/host.h"
 #include "host/scene_file.h"
@@ -31,7 +32,8 @@ struct SessionResult {
     std::vector<ControlSetting> asked;   // what the scene's settings and --set asked for, in dialog order
     std::vector<ControlState> controls;  // the value controls as the window system shows them after the run
     bool dialog_enabled = false;         // not greyed out as a whole after the run ("Apply" enabled)
-    nlohmann::json settings;             // every value control as the dialog held it
+    DialogReading reading;               // the settings those controls hold
+    nlohmann::json settings;             // every value control as the dialog held it, for the written scene
     std::string dialog_svg;              // the dialog as it stood after the run
     ApplyFacts apply;
     bool undo_asked = false;
@@ -46,6 +48,13 @@ struct SessionResult {
 // The scene to run: the file named on the command line, standard input for "-", or the
 // built-in demo scene. Throws AppError.
 host::Scene loadScene(const Options& options);
+
+// A call the host refused, as a user reads it: a suite by its name, with what the error means.
+std::string refusedCallText(const host::RefusedCall& call);
+
+// "error N", naming the suite the host last refused (at or after the `since`-th refused call)
+// when N is its missing-suite error.
+std::string errorText(const host::Host& host, A_Err err, std::size_t since);
 
 // The host's reports and the exceptions it stopped from the plug-in, one line each.
 std::vector<std::string> hostReports(const host::Host& host);

@@ -2,6 +2,8 @@
 // dialog does not have counts as off.
 #include "common/adobe/AssistantDlg.h"
 
+#include "controls/placement_rules.h"
+
 bool AssistantDlg::is_checked(ADMInt32 id) const { return sADMItem->GetBooleanValue(get_item(id)) != 0; }
 
 bool AssistantDlg::is_reverse_order() { return is_checked(kAssistantReverseOrderId); }
@@ -29,10 +31,7 @@ bool AssistantDlg::is_text_layer_use_comp_size() {
 bool AssistantDlg::is_orient_changed() { return true; }
 
 math::TGeomVector3D<double> AssistantDlg::get_offset() {
-    math::TGeomVector3D<double> offset(0.0, 0.0, 0.0);
-    if (is_checked(kAssistantUseCompCenterId)) {
-        offset.x += static_cast<double>(comp_width) * 0.5;
-        offset.y += static_cast<double>(comp_height) * 0.5;
-    }
-    return offset;
+    const controls::PlanarOffset centre =
+        controls::positionOffset(is_checked(kAssistantUseCompCenterId), {comp_width, comp_height});
+    return math::TGeomVector3D<double>(centre.x, centre.y, 0.0);
 }

@@ -2,6 +2,7 @@
 // source size and displayed size.
 #include "common/adobe/AssistantDlg.h"
 
+#include "controls/placement_rules.h"
 #include "math/saturate.h"
 #include "shell/global_suites.h"
 
@@ -68,13 +69,10 @@ A_Err AssistantDlg::get_layer_dimensions(AEGP_LayerH layer, int* width, int* hei
         return err;
     }
     // Layers without a source (text, shape) take a size from elsewhere.
-    if (!is_text_layer_use_comp_size() && (max_width != 0 || max_height != 0)) {
-        *width = max_width;
-        *height = max_height;
-    } else {
-        *width = comp_width;
-        *height = comp_height;
-    }
+    const controls::Extent extent =
+        controls::sourcelessExtent(!is_text_layer_use_comp_size(), {max_width, max_height}, {comp_width, comp_height});
+    *width = extent.width;
+    *height = extent.height;
     return A_Err_NONE;
 }
 

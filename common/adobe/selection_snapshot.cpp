@@ -2,14 +2,10 @@
 // largest source among them, and the selection tests built on it.
 #include "common/adobe/AssistantDlg.h"
 
+#include "controls/placement_rules.h"
 #include "shell/global_suites.h"
 
 namespace {
-
-// The area compared as the host's 32-bit signed product, wrapping as it does.
-A_long area(A_long width, A_long height) {
-    return static_cast<A_long>(static_cast<A_u_long>(width) * static_cast<A_u_long>(height));
-}
 
 // The active item's composition, or null when the active item is none or not a composition.
 A_Err active_comp(AEGP_SuiteHandler& suites, AEGP_ItemH* item, AEGP_CompH* comp) {
@@ -83,7 +79,7 @@ A_Err AssistantDlg::save_selection() {
         if (err != A_Err_NONE) {
             return err;
         }
-        if (area(width, height) > area(max_width, max_height)) {
+        if (controls::hasLargerArea({width, height}, {max_width, max_height})) {
             max_width = width;
             max_height = height;
         }

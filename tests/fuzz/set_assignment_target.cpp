@@ -6,8 +6,8 @@
 #include "adm_suites.h"
 #include "app/run/app_error.h"
 #include "app/run/control_settings.h"
-#include "app/run/field_reading.h"
 #include "controls/control_notes.h"
+#include "controls/field_reading.h"
 #include "controls/settings_table.h"
 #include "shell/global_suites.h"
 
@@ -68,7 +68,7 @@ std::string setAssignment(const std::uint8_t* data, std::size_t size) {
             continue;
         }
         const float read = fieldReads(*setting.control, setting.text);
-        const std::optional<double> said = app::fieldReading(*setting.control, setting.text);
+        const std::optional<double> said = controls::fieldReading(*setting.control, setting.text);
         const float want = said ? static_cast<float>(*said) : setting.control->value;
         if (!said || std::memcmp(&read, &want, sizeof read) != 0) {
             return "--set " + assignment + " was taken, but the field reads " + std::to_string(read) +

@@ -25,14 +25,26 @@ const turnLayer = (p, layer) => turnXYZ(turnXYZ(p, layer.orientation), layer.rot
 
 const kSurfaceTypes = new Set(['av', 'text', 'vector']);
 
+// The extent a text or shape layer is given: the largest source among the selected 3D layers
+// while "Crop Text Layers To Size Of Other 3D Layers" is on (its initial state), else the
+// composition's size.
+function sourcelessSize(scene) {
+  const selected = new Set(scene.selection ?? scene.layers.flatMap((layer, i) => (layer.selected ? [i + 1] : [])));
+  const area = (size) => size.width * size.height;
+  const sources = scene.layers.filter((layer, i) => selected.has(i + 1) && layer.three_d && layer.source);
+  const largest = sources.reduce((a, layer) => (!a || area(layer.source) > area(a) ? layer.source : a), null);
+  return scene.settings?.CHECK_CROP_TEXT_LAYERS !== false && largest ? largest : scene.comp;
+}
+
 // Every 3D footage, text and shape layer as a rectangle: its corners, centre and the direction
 // its visible face looks to (unturned, toward the viewer: -Z).
 export function rectangles(scene) {
+  const sourceless = sourcelessSize(scene);
   return scene.layers.flatMap((layer, i) => {
     if (!layer.three_d || !kSurfaceTypes.has(layer.type)) {
       return [];
     }
-    const size = layer.source ?? scene.comp;
+    const size = layer.source ?? sourceless;
     const hx = (size.width * layer.scale[0]) / 200;
     const hy = (size.height * layer.scale[1]) / 200;
     const corners = [[-hx, -hy, 0], [hx, -hy, 0], [hx, hy, 0], [-hx, hy, 0]].map((c) => add(layer.position, turnLayer(c, layer)));
