@@ -285,6 +285,12 @@ const RuleStep kRadiusSetByFirst = {
     {EDIT_RADIUS_LAYERS, EDIT_DIM_Y, EDIT_MIN_LATITUDE},
     {EDIT_DIM_X, EDIT_DIM_Z, CHECK_DISTRIBUTE_EVENLY, CHECK_SCALE_LAYER, RADIO_EQUATOR_ONLY, EDIT_MIN_LONGITUDE}};
 
+// Over Equator Only with "Scale Layer to": the ring, the size and both step fields go grey too.
+const RuleStep kRadiusOverEquatorAndScale = {CHECK_RADIUS_BY_FIRST,
+                                             {EDIT_RADIUS_LAYERS, EDIT_DIM_Y},
+                                             {CHECK_CREATE_RING, EDIT_FORCE_CONFORM, EDIT_MIN_LONGITUDE,
+                                              EDIT_MIN_LATITUDE, EDIT_DIM_X, CHECK_SCALE_LAYER, RADIO_EQUATOR_ONLY}};
+
 INSTANTIATE_TEST_SUITE_P(
     Sequences, CylinderRules,
     ::testing::Values(
@@ -304,6 +310,15 @@ INSTANTIATE_TEST_SUITE_P(
         std::vector<RuleStep>{kRadiusSetByFirst,
                               {0, kRadiusSetByFirst.on, kRadiusSetByFirst.off},
                               {CHECK_RADIUS_BY_FIRST, {EDIT_DIM_X, EDIT_MIN_LONGITUDE}, {EDIT_RADIUS_LAYERS}}},
+        // Radius Set by First also greys out the ring of Equator Only and the size of "Scale Layer
+        // to", until it is off again.
+        std::vector<RuleStep>{{RADIO_EQUATOR_ONLY, {CHECK_CREATE_RING}, {}},
+                              {CHECK_SCALE_LAYER, {EDIT_FORCE_CONFORM}, {}},
+                              kRadiusOverEquatorAndScale,
+                              {0, kRadiusOverEquatorAndScale.on, kRadiusOverEquatorAndScale.off},
+                              {CHECK_RADIUS_BY_FIRST,
+                               {CHECK_CREATE_RING, EDIT_FORCE_CONFORM, EDIT_MIN_LONGITUDE, EDIT_DIM_X},
+                               {EDIT_RADIUS_LAYERS, EDIT_MIN_LATITUDE}}},
         // Equator Only offers the ring at once; the radios re-apply only the hemisphere rule, and
         // the distance group follows on the refresh. The ring changes no rule at once either.
         std::vector<RuleStep>{{RADIO_EQUATOR_ONLY, {CHECK_CREATE_RING, EDIT_MIN_LATITUDE}, {CHECK_SECTOR_FRONT}},
@@ -351,6 +366,51 @@ TEST_F(CylinderDialogTest, ScaleLayerToSizesALayerByBothItsScales) {
     EXPECT_FLOAT_EQ(50, scale.x);
     EXPECT_FLOAT_EQ(200.0f / 150 * 50, scale.y);
     EXPECT_EQ(100, scale.z);
+}
+
+// Text and shape layers take the size of the selected 3D source of the largest area, here neither
+// the widest nor the tallest (a 2D layer's larger source does not count); without "Crop Text Layers
+// To Size Of Other 3D Layers", or without a selected 3D source, the composition's size. "Scale Layer
+// to" 200 shows it in the Scale written: 100 * 200 / width and 100 * 200 / height.
+TEST_F(CylinderDialogTest, TextAndShapeLayersTakeTheSourceOfLargestAreaOrTheCompositionSize) {
+    host::Project& project = host_->project();
+    const auto add = [&](AEGP_ObjectType type, bool three_d, A_long width, A_long height) {
+        return project.addLayer(comp_id_, "Layer", type, three_d,
+                                width == 0 ? 0 : project.addFootage("Source", width, height));
+    };
+    const host::Id text = add(AEGP_ObjectType_TEXT, true, 0, 0);
+    const host::Id shape = add(AEGP_ObjectType_VECTOR, true, 0, 0);
+    const host::Id flat = add(AEGP_ObjectType_AV, false, 4000, 4000);
+    const std::vector<host::Id> mixed = {text,
+                                         add(AEGP_ObjectType_AV, true, 2400, 100),
+                                         shape,
+                                         add(AEGP_ObjectType_AV, true, 100, 3000),
+                                         add(AEGP_ObjectType_AV, true, 1600, 900),
+                                         flat};
+    add(AEGP_ObjectType_AV, true, 3000, 3000);
+    const struct {
+        bool crop;
+        std::vector<host::Id> selection;
+        int width, height;
+    } cases[] = {{true, mixed, 1600, 900}, {false, mixed, 1920, 1080}, {true, {text, shape, flat}, 1920, 1080}};
+    open_as_shell_does();
+    clicks({CHECK_SCALE_LAYER});
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << "crop " << c.crop << ", " << c.selection.size() << " selected");
+        project.select(comp_id_, c.selection);
+        if (dlg().get_bool(CHECK_CROP_TEXT_LAYERS) != c.crop) {
+            clicks({CHECK_CROP_TEXT_LAYERS});
+        }
+        for (host::Id id : {text, shape}) {
+            project.layer(id)->prop(host::Prop::scale).value = {100, 100, 100};
+        }
+        clicks({BUTTON_APPLY});
+        for (host::Id id : {text, shape}) {
+            const host::Vec3 scale = project.layer(id)->prop(host::Prop::scale).value;
+            EXPECT_FLOAT_EQ(100.0 * 200 / c.width, scale.x);
+            EXPECT_FLOAT_EQ(100.0 * 200 / c.height, scale.y);
+        }
+    }
 }
 
 TEST_F(CylinderDialogTest, RepeatingIsAllowedOnlyWithoutRadiusEvenOrEquatorAndClicksReachItsRule) {
