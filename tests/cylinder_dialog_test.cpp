@@ -280,16 +280,10 @@ TEST_P(CylinderRules, FollowTheClicksAndTheRefresh) {
     }
 }
 
-const RuleStep kRadiusSetByFirst = {
-    CHECK_RADIUS_BY_FIRST,
-    {EDIT_RADIUS_LAYERS, EDIT_DIM_Y, EDIT_MIN_LATITUDE},
-    {EDIT_DIM_X, EDIT_DIM_Z, CHECK_DISTRIBUTE_EVENLY, CHECK_SCALE_LAYER, RADIO_EQUATOR_ONLY, EDIT_MIN_LONGITUDE}};
-
-// Over Equator Only with "Scale Layer to": the ring, the size and both step fields go grey too.
-const RuleStep kRadiusOverEquatorAndScale = {CHECK_RADIUS_BY_FIRST,
-                                             {EDIT_RADIUS_LAYERS, EDIT_DIM_Y},
-                                             {CHECK_CREATE_RING, EDIT_FORCE_CONFORM, EDIT_MIN_LONGITUDE,
-                                              EDIT_MIN_LATITUDE, EDIT_DIM_X, CHECK_SCALE_LAYER, RADIO_EQUATOR_ONLY}};
+const RuleStep kRadiusSetByFirst = {CHECK_RADIUS_BY_FIRST,
+                                    {EDIT_RADIUS_LAYERS, EDIT_DIM_Y, EDIT_MIN_LATITUDE},
+                                    {EDIT_DIM_X, EDIT_DIM_Z, CHECK_DISTRIBUTE_EVENLY, CHECK_SCALE_LAYER,
+                                     RADIO_EQUATOR_ONLY, EDIT_MIN_LONGITUDE, EDIT_FORCE_CONFORM}};
 
 INSTANTIATE_TEST_SUITE_P(
     Sequences, CylinderRules,
@@ -306,19 +300,18 @@ INSTANTIATE_TEST_SUITE_P(
              {EDIT_DIM_X},
              {CHECK_RADIUS_BY_FIRST, EDIT_MIN_LATITUDE, EDIT_MIN_LONGITUDE, EDIT_MAX_LONGITUDE}},
             {CHECK_DISTRIBUTE_EVENLY, {CHECK_RADIUS_BY_FIRST, EDIT_MIN_LATITUDE, EDIT_MIN_LONGITUDE}, {}}},
-        // Radius Set by First keeps the height field, and a refresh keeps the same picture.
-        std::vector<RuleStep>{kRadiusSetByFirst,
-                              {0, kRadiusSetByFirst.on, kRadiusSetByFirst.off},
-                              {CHECK_RADIUS_BY_FIRST, {EDIT_DIM_X, EDIT_MIN_LONGITUDE}, {EDIT_RADIUS_LAYERS}}},
-        // Radius Set by First also greys out the ring of Equator Only and the size of "Scale Layer
-        // to", until it is off again.
-        std::vector<RuleStep>{{RADIO_EQUATOR_ONLY, {CHECK_CREATE_RING}, {}},
-                              {CHECK_SCALE_LAYER, {EDIT_FORCE_CONFORM}, {}},
-                              kRadiusOverEquatorAndScale,
-                              {0, kRadiusOverEquatorAndScale.on, kRadiusOverEquatorAndScale.off},
-                              {CHECK_RADIUS_BY_FIRST,
-                               {CHECK_CREATE_RING, EDIT_FORCE_CONFORM, EDIT_MIN_LONGITUDE, EDIT_DIM_X},
-                               {EDIT_RADIUS_LAYERS, EDIT_MIN_LATITUDE}}},
+        // Radius Set by First keeps the height field and greys out the size of "Scale Layer to" and
+        // the ring of Equator Only until it is off again; a refresh keeps the same picture.
+        std::vector<RuleStep>{
+            {CHECK_SCALE_LAYER, {EDIT_FORCE_CONFORM}, {}},
+            kRadiusSetByFirst,
+            {0, kRadiusSetByFirst.on, kRadiusSetByFirst.off},
+            {CHECK_RADIUS_BY_FIRST, {EDIT_DIM_X, EDIT_MIN_LONGITUDE, EDIT_FORCE_CONFORM}, {EDIT_RADIUS_LAYERS}},
+            {RADIO_EQUATOR_ONLY, {CHECK_CREATE_RING}, {}},
+            {CHECK_RADIUS_BY_FIRST, {EDIT_DIM_Y}, {CHECK_CREATE_RING, EDIT_MIN_LATITUDE, EDIT_MIN_LONGITUDE}},
+            {0, {}, {CHECK_CREATE_RING}},
+            {CHECK_RADIUS_BY_FIRST, {CHECK_CREATE_RING}, {}},
+            {CHECK_SCALE_LAYER, {}, {EDIT_FORCE_CONFORM}}},
         // Equator Only offers the ring at once; the radios re-apply only the hemisphere rule, and
         // the distance group follows on the refresh. The ring changes no rule at once either.
         std::vector<RuleStep>{{RADIO_EQUATOR_ONLY, {CHECK_CREATE_RING, EDIT_MIN_LATITUDE}, {CHECK_SECTOR_FRONT}},
@@ -326,16 +319,12 @@ INSTANTIATE_TEST_SUITE_P(
                               {CHECK_CREATE_RING, {EDIT_MIN_LONGITUDE}, {}},
                               {0, {}, {EDIT_MIN_LONGITUDE}}},
         // Sector enables its four boxes, and the whole cylinder takes them away.
-        std::vector<RuleStep>{
-            {RADIO_SECTOR,
-             {CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT},
-             {CHECK_CREATE_RING}},
-            {RADIO_WHOLE_CYLINDER, {}, {CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT}}},
-        // Scale Layer to enables the size, unless the radius comes from the layers.
-        std::vector<RuleStep>{{CHECK_SCALE_LAYER, {EDIT_FORCE_CONFORM}, {}},
-                              {CHECK_RADIUS_BY_FIRST, {}, {EDIT_FORCE_CONFORM}},
-                              {CHECK_RADIUS_BY_FIRST, {EDIT_FORCE_CONFORM}, {}},
-                              {CHECK_SCALE_LAYER, {}, {EDIT_FORCE_CONFORM}}}));
+        std::vector<RuleStep>{{RADIO_SECTOR,
+                               {CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT},
+                               {CHECK_CREATE_RING}},
+                              {RADIO_WHOLE_CYLINDER,
+                               {},
+                               {CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT}}}));
 
 // A layout reads each setting once and keeps it for its own length only: the rules a user sets off
 // afterwards, and the next layout, read the controls afresh.
@@ -356,22 +345,11 @@ TEST_F(CylinderDialogTest, SettingsReadByALayoutDoNotOutliveIt) {
     EXPECT_EQ(-300, card.prop(host::Prop::position).value.z);
 }
 
-// The displayed height comes from Scale Y: "Scale Layer to" brings a squashed layer to the size.
-TEST_F(CylinderDialogTest, ScaleLayerToSizesALayerByBothItsScales) {
-    const host::Layer& card = add_selected_card(400, 300, {100, 50, 100});
-    open_as_shell_does();
-    ASSERT_TRUE(click(CHECK_SCALE_LAYER).ok());
-    ASSERT_TRUE(click(BUTTON_APPLY).ok());
-    const host::Vec3 scale = card.prop(host::Prop::scale).value;
-    EXPECT_FLOAT_EQ(50, scale.x);
-    EXPECT_FLOAT_EQ(200.0f / 150 * 50, scale.y);
-    EXPECT_EQ(100, scale.z);
-}
-
 // Text and shape layers take the size of the selected 3D source of the largest area, here neither
 // the widest nor the tallest (a 2D layer's larger source does not count); without "Crop Text Layers
 // To Size Of Other 3D Layers", or without a selected 3D source, the composition's size. "Scale Layer
-// to" 200 shows it in the Scale written: 100 * 200 / width and 100 * 200 / height.
+// to" 200 shows it in the Scale written: 100 * 200 / width and 100 * 200 / height. A card's
+// displayed height comes from its Scale Y.
 TEST_F(CylinderDialogTest, TextAndShapeLayersTakeTheSourceOfLargestAreaOrTheCompositionSize) {
     host::Project& project = host_->project();
     const auto add = [&](AEGP_ObjectType type, bool three_d, A_long width, A_long height) {
@@ -381,12 +359,9 @@ TEST_F(CylinderDialogTest, TextAndShapeLayersTakeTheSourceOfLargestAreaOrTheComp
     const host::Id text = add(AEGP_ObjectType_TEXT, true, 0, 0);
     const host::Id shape = add(AEGP_ObjectType_VECTOR, true, 0, 0);
     const host::Id flat = add(AEGP_ObjectType_AV, false, 4000, 4000);
-    const std::vector<host::Id> mixed = {text,
-                                         add(AEGP_ObjectType_AV, true, 2400, 100),
-                                         shape,
-                                         add(AEGP_ObjectType_AV, true, 100, 3000),
-                                         add(AEGP_ObjectType_AV, true, 1600, 900),
-                                         flat};
+    const host::Id large = add(AEGP_ObjectType_AV, true, 1600, 900);
+    const std::vector<host::Id> mixed = {
+        text, add(AEGP_ObjectType_AV, true, 2400, 100), shape, add(AEGP_ObjectType_AV, true, 100, 3000), large, flat};
     add(AEGP_ObjectType_AV, true, 3000, 3000);
     const struct {
         bool crop;
@@ -401,10 +376,12 @@ TEST_F(CylinderDialogTest, TextAndShapeLayersTakeTheSourceOfLargestAreaOrTheComp
         if (dlg().get_bool(CHECK_CROP_TEXT_LAYERS) != c.crop) {
             clicks({CHECK_CROP_TEXT_LAYERS});
         }
-        for (host::Id id : {text, shape}) {
-            project.layer(id)->prop(host::Prop::scale).value = {100, 100, 100};
+        for (host::Id id : {text, shape, large}) {
+            project.layer(id)->prop(host::Prop::scale).value = {100, id == large ? 50.0 : 100.0, 100};
         }
         clicks({BUTTON_APPLY});
+        const host::Vec3 card = project.layer(large)->prop(host::Prop::scale).value;
+        EXPECT_FLOAT_EQ(c.selection == mixed ? 200.0f / 450 * 50 : 50, card.y);
         for (host::Id id : {text, shape}) {
             const host::Vec3 scale = project.layer(id)->prop(host::Prop::scale).value;
             EXPECT_FLOAT_EQ(100.0 * 200 / c.width, scale.x);
