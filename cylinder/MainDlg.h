@@ -4,6 +4,7 @@
 
 #include "common/adobe/AssistantDlg.h"
 #include "controls/control_ids.h"
+#include "controls/step_search.h"
 #include "cylinder/SolidAngle.h"
 #include "cylinder/footprint_index.h"
 #include "cylinder/settings_memo.h"
@@ -75,6 +76,9 @@ public:
 
 protected:
     std::vector<SolidAngle> volumes;  // footprints of the layers placed in the current layout
+    // The work of the last search for places: the layout's placement, or a count of the layers
+    // that fit run on its own.
+    controls::StepSearch search;
 
 private:
     // Marks the run of one layout or count; while one runs, settings are read once and the

@@ -11,13 +11,10 @@
 #include "math/saturate.h"
 
 #include <cmath>
-#include <limits>
 #include <vector>
 
 namespace {
 
-constexpr double kRowWrap = math::Constant_2PI - EPS;
-constexpr int kMaxCount = std::numeric_limits<int>::max();
 // Upper bound of the count of repeated layers that fit.
 constexpr int kMaxPlacements = 100000;
 // Fixed seed, so the same settings and selection always give the same layout.
@@ -46,6 +43,7 @@ A_Err MainDlg::get_layers_pos() {
     constrain_layers();
     math::SetRand(kLayoutSeed);
     clear_volumes();
+    search = controls::StepSearch();
 
     const controls::ModeSwitches switches{get_bool(CHECK_DISTRIBUTE_EVENLY), get_bool(CHECK_RADIUS_BY_FIRST),
                                           get_bool(RADIO_EQUATOR_ONLY), get_bool(CHECK_CREATE_RING)};
@@ -131,10 +129,12 @@ void MainDlg::set_layers_with_given_steps() {
     if (nowhere()) {
         return;
     }
-    StepWalk walk(*this);
     if (get_bool(CHECK_REPEAT_LAYERS) && enable_repeat_layers()) {
         add_new_layers(get_layers_number());
+        // The placement has the same bound as the count: it takes the same steps for the layers kept.
+        search = controls::StepSearch();
     }
+    StepWalk walk(*this, search);
     bool first = true;
     for (LayerInfo& record : layers) {
         // The place just taken is never offered to the next layer: every later layer starts with a step.
@@ -157,7 +157,8 @@ int MainDlg::get_layers_number() {
     if (sizes.empty()) {
         return 0;
     }
-    StepWalk walk(*this);
+    search = controls::StepSearch();
+    StepWalk walk(*this, search);
     math::SetRand(kLayoutSeed);
     clear_volumes();
     int q = 0;
@@ -178,6 +179,7 @@ int MainDlg::get_layers_number() {
 // The angle only grows here: the mode ends when a further step would complete the turn. A step that
 // moves nothing, with the next one no larger, would test the same refused place forever; the step
 // fields are never negative, so that ends the mode without losing any place a longer search finds.
+// Steps too small to complete the turn in reasonable time end at the search's bound.
 void MainDlg::set_layers_along_equator() {
     double phi0 = 0;
     double unused_h = 0;
@@ -192,14 +194,14 @@ void MainDlg::set_layers_along_equator() {
         first = false;
         if (!placed_at_start) {
             for (;;) {
-                if (k == kMaxCount) {
+                if (!search.take()) {
                     return;
                 }
                 const double d = get_phi_increment(k);
                 const double acc_before = acc;
                 const double phi_before = phi;
                 acc += d;
-                if (acc > kRowWrap) {
+                if (acc > controls::kRowWrap) {
                     return;
                 }
                 phi += d;
@@ -222,7 +224,8 @@ void MainDlg::set_layers_along_equator() {
 // angle alone, and every full row visits the same angles, so a layer that has walked one whole row
 // from the start angle without a valid place will never find one: that ends the mode, as running up
 // to the top would. Likewise a row change that climbs no higher while the layers below still block
-// it can never get past them.
+// it can never get past them. Each row change takes from the search's bound as much as the row it
+// leaves, so that the work of the steps around the rows is bounded too.
 void MainDlg::set_with_pre_computed_radius() {
     const int n = get_int(EDIT_RADIUS_LAYERS);
     if (layers.empty() || n < 1) {
@@ -232,6 +235,7 @@ void MainDlg::set_with_pre_computed_radius() {
     const double w = static_cast<double>(layers.front().size.x);
     const double radius = (0.5 * w) / std::tan(0.5 * dphi);
     const double top = static_cast<double>(get_float(EDIT_DIM_Y)) * 0.5;
+    const std::int64_t row_work = static_cast<std::int64_t>(n) + 1;
 
     double phi0 = 0;
     double h = 0;
@@ -248,12 +252,12 @@ void MainDlg::set_with_pre_computed_radius() {
         while (!placed_at_start) {
             phi += dphi;
             acc += dphi;
-            if (acc > kRowWrap) {
+            if (acc > controls::kRowWrap) {
                 if (walked_row) {
                     return;
                 }
                 for (;;) {
-                    if (m == kMaxCount) {
+                    if (!search.take(row_work)) {
                         return;
                     }
                     const double dz = get_z_increment(m);

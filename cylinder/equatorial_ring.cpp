@@ -21,8 +21,6 @@ constexpr int kTangentPasses = 5;
 // Below this the chord's midpoint is too near the centre to give a direction.
 constexpr double kMinMidpoint = 0.01;
 
-bool is_finite(const Vector& v) { return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z); }
-
 Vector normalized(Vector v) {
     v.Normalize();
     return v;
@@ -36,34 +34,20 @@ struct Ring {
 
     Vector near_edge(std::size_t i) const { return centres[i] - 0.5 * widths[i] * directions[i]; }
     Vector far_edge(std::size_t i) const { return centres[i] + 0.5 * widths[i] * directions[i]; }
-
-    bool is_finite() const {
-        for (std::size_t i = 0; i < centres.size(); ++i) {
-            if (!::is_finite(centres[i]) || !::is_finite(normals[i]) || !::is_finite(directions[i])) {
-                return false;
-            }
-        }
-        return true;
-    }
 };
 
 }  // namespace
 
 int MainDlg::intersect_ellipse(const Vector& o, const Vector& d, const Vector& axes, Vector& p1, Vector& p2) const {
-    // A flat ellipsoid or a line without direction has no defined crossing points.
-    if (axes.x == 0 || axes.y == 0 || axes.z == 0) {
-        return 0;
-    }
     const double ax2 = axes.x * axes.x;
     const double ay2 = axes.y * axes.y;
     const double az2 = axes.z * axes.z;
     const double a = d.x * d.x / ax2 + d.y * d.y / ay2 + d.z * d.z / az2;
-    if (!(a > 0) || !std::isfinite(a)) {
-        return 0;
-    }
     const double b = (d.x * o.x / ax2 + d.y * o.y / ay2 + d.z * o.z / az2) / a;
     const double k = (o.x * o.x / ax2 + o.y * o.y / ay2 + o.z * o.z / az2 - 1) / a;
     const double disc = b * b - k;
+    // A line without direction, or a flat ellipsoid, gives no number here: it misses like a line
+    // that passes by, and the points stay as they were.
     if (!(disc >= 0)) {
         return 0;
     }
@@ -89,7 +73,7 @@ void MainDlg::create_equatorial_ring() {
     const double hy = static_cast<double>(get_float(EDIT_DIM_Y)) * 0.5;
     const double hz = static_cast<double>(get_float(EDIT_DIM_Z)) * 0.5;
     // Without a total width the ring has no size at all.
-    if (hx < EPS || hy < EPS || hz < EPS || !(sum > 0)) {
+    if (hx < EPS || hy < EPS || hz < EPS || sum == 0) {
         return;
     }
     const double aspect = hz / hx;
@@ -108,11 +92,10 @@ void MainDlg::create_equatorial_ring() {
     Vector q2;
     double target = sum;
     for (int pass = 0; pass < kSizePasses; ++pass) {
+        // Where closing a gap overshoots, the target goes below zero: the half-axes turn negative
+        // with it, and the ring is built from the opposite side.
         const double ra = target / perimeter_per_ra;
         const double rc = ra * aspect;
-        if (!(ra >= EPS && rc >= EPS) || !std::isfinite(rc)) {
-            return;
-        }
         const Vector axes(ra, rb, rc);
         ring.centres[0] = initial_pos_at_ring(axes);
         ring.normals[0] = normalized(ring.centres[0]);
@@ -148,14 +131,13 @@ void MainDlg::create_equatorial_ring() {
     const Vector f = ring.near_edge(0);
     const Vector g = ring.far_edge(n - 2);
     const double closing = (f - g).Length();
+    // Layers without width before the last can bring both edges together: the last panel then
+    // keeps the direction of the passes, and its width, scaled by 0, closes nothing.
     if (closing > 0) {
         ring.directions[n - 1] = (f - g) / closing;
     }
     ring.centres[n - 1] = 0.5 * (f + g);
     ring.normals[n - 1] = unturn * ring.directions[n - 1];
-    if (!ring.is_finite()) {
-        return;
-    }
 
     std::size_t i = 0;
     for (LayerInfo& record : layers) {

@@ -2,6 +2,7 @@
 
 #include "math/constants.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -72,6 +73,10 @@ void FootprintIndex::clear() {
     used_ = 0;
     links_ = {};
     loose_ = {};
+    lows_ = {};
+    highs_ = {};
+    reach_ = {};
+    heights_filed_ = 0;
 }
 
 void FootprintIndex::update(const std::vector<SolidAngle>& bands) {
@@ -227,6 +232,34 @@ bool FootprintIndex::any_contains(const std::vector<SolidAngle>& bands, const st
         }
         if (chain_holds(bands, key(row, sector_of(phi)), phi, h) ||
             (wide_ != 0 && chain_holds(bands, key(row, kSectors), phi, h))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool FootprintIndex::any_height_contains(const std::vector<SolidAngle>& bands, const std::array<Vector, 5>& points) {
+    if (bands.size() < heights_filed_) {
+        clear();
+    }
+    for (; heights_filed_ < bands.size(); ++heights_filed_) {
+        const SolidAngle& band = bands[heights_filed_];
+        // A range with an end that is not a number holds no height.
+        if (std::isnan(band.h_low) || std::isnan(band.h_high)) {
+            continue;
+        }
+        // Layers are placed row above row, so a new range mostly goes at the end.
+        const auto at = std::upper_bound(lows_.begin(), lows_.end(), band.h_low) - lows_.begin();
+        lows_.insert(lows_.begin() + at, band.h_low);
+        highs_.insert(highs_.begin() + at, band.h_high);
+        reach_.resize(highs_.size());
+        for (std::size_t i = static_cast<std::size_t>(at); i < highs_.size(); ++i) {
+            reach_[i] = i == 0 ? highs_[i] : std::max(reach_[i - 1], highs_[i]);
+        }
+    }
+    for (const Vector& q : points) {
+        const auto above = std::upper_bound(lows_.begin(), lows_.end(), q.z);
+        if (above != lows_.begin() && reach_[static_cast<std::size_t>(above - lows_.begin()) - 1] >= q.z) {
             return true;
         }
     }

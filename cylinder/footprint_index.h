@@ -29,6 +29,10 @@ public:
     // Whether a filed footprint holds one of the points, given in cylinder coordinates (r, phi, h).
     bool any_contains(const std::vector<SolidAngle>& bands, const std::array<Vector, 5>& points) const;
 
+    // Whether a footprint's height range holds one of the points' heights, whatever its angles.
+    // Files the footprints appended since the last such question first.
+    bool any_height_contains(const std::vector<SolidAngle>& bands, const std::array<Vector, 5>& points);
+
 private:
     // A cell's footprints as a chain through `links_`, newest first.
     struct Slot {
@@ -57,4 +61,12 @@ private:
     std::size_t used_ = 0;
     std::vector<Link> links_;
     std::vector<std::uint32_t> loose_;  // footprints outside the grid, tested for every point
+
+    // Height ranges in the order of their lower ends, and the highest upper end up to each: a
+    // height lies in a range when the highest upper end among the ranges starting at or below it
+    // reaches it.
+    std::vector<double> lows_;
+    std::vector<double> highs_;
+    std::vector<double> reach_;
+    std::size_t heights_filed_ = 0;
 };

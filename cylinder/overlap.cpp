@@ -52,7 +52,10 @@ bool MainDlg::intersects(const Vector& p, const A_LPoint& size, bool height_only
     // Each point is converted once, not once per recorded band.
     const std::array<Vector, 5> points = {cart_to_cyl(p), cart_to_cyl(k[0]), cart_to_cyl(k[1]), cart_to_cyl(k[2]),
                                           cart_to_cyl(k[3])};
-    if (layout_depth > 0 && !height_only) {
+    if (layout_depth > 0) {
+        if (height_only) {
+            return footprint_index.any_height_contains(volumes, points);
+        }
         footprint_index.update(volumes);
         return footprint_index.any_contains(volumes, points);
     }

@@ -1,18 +1,6 @@
 #include "cylinder/step_walk.h"
 
-#include "cylinder/cylinder_constants.h"
-
-#include <limits>
-
-namespace {
-
-// A row is full once the travelled angle reaches a whole turn, give or take rounding.
-constexpr double kRowWrap = math::Constant_2PI - EPS;
-constexpr int kMaxCount = std::numeric_limits<int>::max();
-
-}  // namespace
-
-StepWalk::StepWalk(const MainDlg& dlg) : dlg_(dlg) {
+StepWalk::StepWalk(const MainDlg& dlg, controls::StepSearch& search) : dlg_(dlg), search_(search) {
     dlg_.initial_angles(phi0_, h_);
     phi_ = phi0_;
     top_ = static_cast<double>(dlg_.get_float(EDIT_DIM_Y)) * 0.5;
@@ -29,12 +17,12 @@ bool StepWalk::is_free(const A_LPoint& size) const {
 //   larger: the step fields are never negative, so the steps stay that size and the row never fills;
 // - a row change that left the height as it was, with the next height step the same, after this
 //   layer has already walked a whole row from the start angle: every later row repeats that row.
-// A layout that would end by itself is therefore never cut short. The int counters are also bounded,
-// which only steps far too small to type reasonably could reach.
+// A layout that would end by itself is therefore never cut short by these. Steps far too small to
+// type reasonably could still take billions of steps to reach the top: the search's bound ends them.
 bool StepWalk::advance(const A_LPoint& size) {
     bool walked_row = false;
     for (;;) {
-        if (k_ == kMaxCount || m_ == kMaxCount) {
+        if (!search_.take()) {
             return false;
         }
         const double d = dlg_.get_phi_increment(k_);
@@ -44,7 +32,7 @@ bool StepWalk::advance(const A_LPoint& size) {
         acc_ += d;
         ++k_;
         bool stalled = false;
-        if (acc_ > kRowWrap) {
+        if (acc_ > controls::kRowWrap) {
             const double dz = dlg_.get_z_increment(m_);
             const double h_before = h_;
             h_ += dz;

@@ -60,7 +60,8 @@ SolidAngle any_footprint(Random& r) {
 Vector any_point(Random& r, const std::vector<SolidAngle>& bands) {
     const int kind = r.pick(100);
     if (bands.empty() || kind == 0) {
-        return Vector(1, r.pick(2) == 0 ? kNaN : r.angle(), r.pick(2) == 0 ? kInf : r.uniform(-1e5, 1e5));
+        const double h = r.pick(2) == 0 ? kInf : r.uniform(-1e5, 1e5);
+        return Vector(1, r.pick(2) == 0 ? kNaN : r.angle(), r.pick(4) == 0 ? kNaN : h);
     }
     if (kind > 8) {
         return Vector(1, r.angle(), r.uniform(-1e5, 1e5));
@@ -73,7 +74,8 @@ Vector any_point(Random& r, const std::vector<SolidAngle>& bands) {
     return Vector(1, phis[r.pick(5)], hs[r.pick(5)]);
 }
 
-// Adds `rounds` footprints one at a time and after each compares the index with the plain test.
+// Adds `rounds` footprints one at a time and after each compares the index with the plain test, by
+// angle and height and by height alone.
 void expect_same_answers(FootprintIndex& index, std::vector<SolidAngle>& bands, int rounds, Random& r,
                          const std::function<SolidAngle()>& next, int& overlaps) {
     for (int round = 0; round < rounds; ++round) {
@@ -82,13 +84,16 @@ void expect_same_answers(FootprintIndex& index, std::vector<SolidAngle>& bands, 
         for (int t = 0; t < 10; ++t) {
             std::array<Vector, 5> points;
             bool expected = false;
+            bool expected_height = false;
             for (Vector& q : points) {
                 q = any_point(r, bands);
                 for (const SolidAngle& band : bands) {
                     expected = expected || band_contains(band, q.y, q.z, false);
+                    expected_height = expected_height || band_contains(band, q.y, q.z, true);
                 }
             }
             ASSERT_EQ(expected, index.any_contains(bands, points)) << "after " << bands.size() << " footprints";
+            ASSERT_EQ(expected_height, index.any_height_contains(bands, points)) << "after " << bands.size();
             overlaps += expected ? 1 : 0;
         }
     }
@@ -109,6 +114,7 @@ TEST(FootprintIndex, AnswersAsTestingEveryFootprint) {
     bands.clear();
     index.update(bands);
     EXPECT_FALSE(index.any_contains(bands, std::array<Vector, 5>{}));
+    EXPECT_FALSE(index.any_height_contains(bands, std::array<Vector, 5>{}));
     // Rows sized by a 1-pixel footprint leave the 500-pixel ones after it loose until the grid is
     // laid out again; the answers must not change on the way.
     bands = {{0.1, 0.2, 0, 1}};

@@ -280,10 +280,10 @@ TEST_P(CylinderRules, FollowTheClicksAndTheRefresh) {
     }
 }
 
-const RuleStep kRadiusSetByFirst = {
-    CHECK_RADIUS_BY_FIRST,
-    {EDIT_RADIUS_LAYERS, EDIT_DIM_Y, EDIT_MIN_LATITUDE},
-    {EDIT_DIM_X, EDIT_DIM_Z, CHECK_DISTRIBUTE_EVENLY, CHECK_SCALE_LAYER, RADIO_EQUATOR_ONLY, EDIT_MIN_LONGITUDE}};
+const RuleStep kRadiusSetByFirst = {CHECK_RADIUS_BY_FIRST,
+                                    {EDIT_RADIUS_LAYERS, EDIT_DIM_Y, EDIT_MIN_LATITUDE},
+                                    {EDIT_DIM_X, EDIT_DIM_Z, CHECK_DISTRIBUTE_EVENLY, CHECK_SCALE_LAYER,
+                                     RADIO_EQUATOR_ONLY, EDIT_MIN_LONGITUDE, EDIT_FORCE_CONFORM}};
 
 INSTANTIATE_TEST_SUITE_P(
     Sequences, CylinderRules,
@@ -300,10 +300,18 @@ INSTANTIATE_TEST_SUITE_P(
              {EDIT_DIM_X},
              {CHECK_RADIUS_BY_FIRST, EDIT_MIN_LATITUDE, EDIT_MIN_LONGITUDE, EDIT_MAX_LONGITUDE}},
             {CHECK_DISTRIBUTE_EVENLY, {CHECK_RADIUS_BY_FIRST, EDIT_MIN_LATITUDE, EDIT_MIN_LONGITUDE}, {}}},
-        // Radius Set by First keeps the height field, and a refresh keeps the same picture.
-        std::vector<RuleStep>{kRadiusSetByFirst,
-                              {0, kRadiusSetByFirst.on, kRadiusSetByFirst.off},
-                              {CHECK_RADIUS_BY_FIRST, {EDIT_DIM_X, EDIT_MIN_LONGITUDE}, {EDIT_RADIUS_LAYERS}}},
+        // Radius Set by First keeps the height field and greys out the size of "Scale Layer to" and
+        // the ring of Equator Only until it is off again; a refresh keeps the same picture.
+        std::vector<RuleStep>{
+            {CHECK_SCALE_LAYER, {EDIT_FORCE_CONFORM}, {}},
+            kRadiusSetByFirst,
+            {0, kRadiusSetByFirst.on, kRadiusSetByFirst.off},
+            {CHECK_RADIUS_BY_FIRST, {EDIT_DIM_X, EDIT_MIN_LONGITUDE, EDIT_FORCE_CONFORM}, {EDIT_RADIUS_LAYERS}},
+            {RADIO_EQUATOR_ONLY, {CHECK_CREATE_RING}, {}},
+            {CHECK_RADIUS_BY_FIRST, {EDIT_DIM_Y}, {CHECK_CREATE_RING, EDIT_MIN_LATITUDE, EDIT_MIN_LONGITUDE}},
+            {0, {}, {CHECK_CREATE_RING}},
+            {CHECK_RADIUS_BY_FIRST, {CHECK_CREATE_RING}, {}},
+            {CHECK_SCALE_LAYER, {}, {EDIT_FORCE_CONFORM}}},
         // Equator Only offers the ring at once; the radios re-apply only the hemisphere rule, and
         // the distance group follows on the refresh. The ring changes no rule at once either.
         std::vector<RuleStep>{{RADIO_EQUATOR_ONLY, {CHECK_CREATE_RING, EDIT_MIN_LATITUDE}, {CHECK_SECTOR_FRONT}},
@@ -311,16 +319,12 @@ INSTANTIATE_TEST_SUITE_P(
                               {CHECK_CREATE_RING, {EDIT_MIN_LONGITUDE}, {}},
                               {0, {}, {EDIT_MIN_LONGITUDE}}},
         // Sector enables its four boxes, and the whole cylinder takes them away.
-        std::vector<RuleStep>{
-            {RADIO_SECTOR,
-             {CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT},
-             {CHECK_CREATE_RING}},
-            {RADIO_WHOLE_CYLINDER, {}, {CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT}}},
-        // Scale Layer to enables the size, unless the radius comes from the layers.
-        std::vector<RuleStep>{{CHECK_SCALE_LAYER, {EDIT_FORCE_CONFORM}, {}},
-                              {CHECK_RADIUS_BY_FIRST, {}, {EDIT_FORCE_CONFORM}},
-                              {CHECK_RADIUS_BY_FIRST, {EDIT_FORCE_CONFORM}, {}},
-                              {CHECK_SCALE_LAYER, {}, {EDIT_FORCE_CONFORM}}}));
+        std::vector<RuleStep>{{RADIO_SECTOR,
+                               {CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT},
+                               {CHECK_CREATE_RING}},
+                              {RADIO_WHOLE_CYLINDER,
+                               {},
+                               {CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK, CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT}}}));
 
 // A layout reads each setting once and keeps it for its own length only: the rules a user sets off
 // afterwards, and the next layout, read the controls afresh.
@@ -341,16 +345,49 @@ TEST_F(CylinderDialogTest, SettingsReadByALayoutDoNotOutliveIt) {
     EXPECT_EQ(-300, card.prop(host::Prop::position).value.z);
 }
 
-// The displayed height comes from Scale Y: "Scale Layer to" brings a squashed layer to the size.
-TEST_F(CylinderDialogTest, ScaleLayerToSizesALayerByBothItsScales) {
-    const host::Layer& card = add_selected_card(400, 300, {100, 50, 100});
+// Text and shape layers take the size of the selected 3D source of the largest area, here neither
+// the widest nor the tallest (a 2D layer's larger source does not count); without "Crop Text Layers
+// To Size Of Other 3D Layers", or without a selected 3D source, the composition's size. "Scale Layer
+// to" 200 shows it in the Scale written: 100 * 200 / width and 100 * 200 / height. A card's
+// displayed height comes from its Scale Y.
+TEST_F(CylinderDialogTest, TextAndShapeLayersTakeTheSourceOfLargestAreaOrTheCompositionSize) {
+    host::Project& project = host_->project();
+    const auto add = [&](AEGP_ObjectType type, bool three_d, A_long width, A_long height) {
+        return project.addLayer(comp_id_, "Layer", type, three_d,
+                                width == 0 ? 0 : project.addFootage("Source", width, height));
+    };
+    const host::Id text = add(AEGP_ObjectType_TEXT, true, 0, 0);
+    const host::Id shape = add(AEGP_ObjectType_VECTOR, true, 0, 0);
+    const host::Id flat = add(AEGP_ObjectType_AV, false, 4000, 4000);
+    const host::Id large = add(AEGP_ObjectType_AV, true, 1600, 900);
+    const std::vector<host::Id> mixed = {
+        text, add(AEGP_ObjectType_AV, true, 2400, 100), shape, add(AEGP_ObjectType_AV, true, 100, 3000), large, flat};
+    add(AEGP_ObjectType_AV, true, 3000, 3000);
+    const struct {
+        bool crop;
+        std::vector<host::Id> selection;
+        int width, height;
+    } cases[] = {{true, mixed, 1600, 900}, {false, mixed, 1920, 1080}, {true, {text, shape, flat}, 1920, 1080}};
     open_as_shell_does();
-    ASSERT_TRUE(click(CHECK_SCALE_LAYER).ok());
-    ASSERT_TRUE(click(BUTTON_APPLY).ok());
-    const host::Vec3 scale = card.prop(host::Prop::scale).value;
-    EXPECT_FLOAT_EQ(50, scale.x);
-    EXPECT_FLOAT_EQ(200.0f / 150 * 50, scale.y);
-    EXPECT_EQ(100, scale.z);
+    clicks({CHECK_SCALE_LAYER});
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << "crop " << c.crop << ", " << c.selection.size() << " selected");
+        project.select(comp_id_, c.selection);
+        if (dlg().get_bool(CHECK_CROP_TEXT_LAYERS) != c.crop) {
+            clicks({CHECK_CROP_TEXT_LAYERS});
+        }
+        for (host::Id id : {text, shape, large}) {
+            project.layer(id)->prop(host::Prop::scale).value = {100, id == large ? 50.0 : 100.0, 100};
+        }
+        clicks({BUTTON_APPLY});
+        const host::Vec3 card = project.layer(large)->prop(host::Prop::scale).value;
+        EXPECT_FLOAT_EQ(c.selection == mixed ? 200.0f / 450 * 50 : 50, card.y);
+        for (host::Id id : {text, shape}) {
+            const host::Vec3 scale = project.layer(id)->prop(host::Prop::scale).value;
+            EXPECT_FLOAT_EQ(100.0 * 200 / c.width, scale.x);
+            EXPECT_FLOAT_EQ(100.0 * 200 / c.height, scale.y);
+        }
+    }
 }
 
 TEST_F(CylinderDialogTest, RepeatingIsAllowedOnlyWithoutRadiusEvenOrEquatorAndClicksReachItsRule) {

@@ -22,6 +22,7 @@ class CylinderDialog : public MainDlg {
 public:
     using AssistantDlg::layers;
     using MainDlg::MainDlg;
+    using MainDlg::search;
     using MainDlg::volumes;
 };
 

@@ -1,3 +1,4 @@
+#include "controls/step_search.h"
 #include "cylinder_fixture.h"
 #include "layout_records.h"
 #include "math/random.h"
@@ -9,6 +10,7 @@
 namespace {
 
 using namespace layout_records;
+using Mode = controls::PlacementMode;
 
 // Where a record must be after the layout: on the circle of that radius, at that angle (degrees)
 // and height; or, with a negative angle, where the snapshot left it.
@@ -51,6 +53,25 @@ protected:
         set_float(EDIT_MIN_LONGITUDE, degrees);
         set_float(EDIT_LONGITUDE_INCREMENT, increment);
         set_float(EDIT_MIN_LATITUDE, height_step);
+    }
+
+    // Typed, as a user would: the field then reads exactly what was typed.
+    void type(ADMInt32 id, const char* text) {
+        ASSERT_TRUE(platform::typeText(control(id), text, platform::Force::yes).ok());
+    }
+
+    // The settings a search depends on, as a tool reads them from the dialog.
+    controls::SearchSettings search_settings(controls::PlacementMode mode) {
+        return {mode,
+                dlg().get_bool(CHECK_DISTRIBUTE_EVENLY),
+                dlg().get_float(EDIT_MIN_LONGITUDE),
+                dlg().get_float(EDIT_LONGITUDE_INCREMENT),
+                dlg().get_float(EDIT_MIN_LATITUDE),
+                dlg().get_float(EDIT_LATITUDE_INCREMENT),
+                dlg().get_float(EDIT_DIM_Y),
+                dlg().get_int(EDIT_RADIUS_LAYERS),
+                dlg().get_bool(CHECK_DONT_INTERSECT),
+                dlg().nowhere()};
     }
 
     void radius_by_first(int layers) {
@@ -154,27 +175,13 @@ TEST_F(DistributionModesTest, SectorBoxesAcceptTheirHalfWithBothEdges) {
         std::vector<ADMInt32> boxes;
         const char* accepted;  // one letter per angle above, then the axis
     } cases[] = {
-        {{CHECK_SECTOR_FRONT},
-         "yyy-----yyy"
-         "y"},
-        {{CHECK_SECTOR_RIGHT},
-         "yyyyyy-----"
-         "y"},
-        {{CHECK_SECTOR_BACK},
-         "--yyyyyyy--"
-         "-"},
-        {{CHECK_SECTOR_LEFT},
-         "y----yyyyyy"
-         "y"},
-        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT},
-         "yyyyyy--yyy"
-         "y"},
-        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK},
-         "yyyyyyyyyyy"
-         "y"},
-        {{CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT},
-         "yyyyyyyyyyy"
-         "y"},
+        {{CHECK_SECTOR_FRONT}, "yyy-----yyyy"},
+        {{CHECK_SECTOR_RIGHT}, "yyyyyy-----y"},
+        {{CHECK_SECTOR_BACK}, "--yyyyyyy---"},
+        {{CHECK_SECTOR_LEFT}, "y----yyyyyyy"},
+        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_RIGHT}, "yyyyyy--yyyy"},
+        {{CHECK_SECTOR_FRONT, CHECK_SECTOR_BACK}, "yyyyyyyyyyyy"},
+        {{CHECK_SECTOR_LEFT, CHECK_SECTOR_RIGHT}, "yyyyyyyyyyyy"},
     };
     for (const auto& c : cases) {
         sectors(c.boxes);
@@ -241,15 +248,7 @@ TEST_F(DistributionModesTest, RepeatsAreCutToTheLayersThatFit) {
     }
 }
 
-TEST_F(DistributionModesTest, LayerCountLeavesRecordsAloneUsesTheSizesInTurnAndStopsAtAHundredThousand) {
-    given_steps(90, 0, 50);
-    set_float(EDIT_DIM_Y, 100);
-    layers_of(2);
-    const auto before = bytes_of(records());
-    EXPECT_EQ(12, dlg().get_layers_number());
-    EXPECT_EQ(before, bytes_of(records()));
-    EXPECT_TRUE(state().volumes.empty());
-
+TEST_F(DistributionModesTest, LayerCountUsesTheSizesInTurnAndStopsAtAHundredThousand) {
     // 100-wide layers at radius 500 reach 5.7 degrees to each side; a 700-wide one reaches 35.
     given_steps(30, 0, 50);
     set_float(EDIT_DIM_Y, 0.1f);
@@ -266,6 +265,76 @@ TEST_F(DistributionModesTest, LayerCountLeavesRecordsAloneUsesTheSizesInTurnAndS
     set_float(EDIT_DIM_Y, 2000);
     layers_of(1);
     EXPECT_EQ(100000, dlg().get_layers_number());
+}
+
+// ---- The bound on a search ----------------------------------------------------------------------
+
+// A walk that ends by itself, at the top or where its one row is full, does exactly the work the
+// tool's rule expects of it: the rule tells a cut search from one that ran out of room.
+TEST_F(DistributionModesTest, WalksThatEndByThemselvesDoTheWorkTheToolExpects) {
+    given_steps(30, 10, 50);
+    set_float(EDIT_LATITUDE_INCREMENT, 20);
+    set_float(EDIT_DIM_Y, 1000);
+    layers_of(2);
+    const auto before = bytes_of(records());
+    // Seven steps a row (the seventh completes the turn); rows at -500, -450, -380, -290, -180,
+    // -50 and 100, 270, 460; the next passes the top. Every place takes a layer; the count leaves
+    // the records and the footprints as they were.
+    EXPECT_EQ(63, dlg().get_layers_number());
+    EXPECT_EQ(before, bytes_of(records()));
+    EXPECT_TRUE(state().volumes.empty());
+    EXPECT_EQ(63, state().search.done());
+    EXPECT_EQ(63, controls::searchWorkToEnd(search_settings(Mode::given_steps)));
+
+    surface(RADIO_EQUATOR_ONLY);
+    given_steps(60, 30, 50);
+    place(6);
+    EXPECT_EQ(4, state().search.done());
+    EXPECT_EQ(4, controls::searchWorkToEnd(search_settings(Mode::equator)));
+
+    // Rows of four: each row change counts as the row plus one, and there are nine up to the top.
+    radius_by_first(4);
+    place(40, 200, 100);
+    EXPECT_EQ(45, state().search.done());
+    EXPECT_EQ(45, controls::searchWorkToEnd(search_settings(Mode::radius_by_first)));
+}
+
+// A step far too small to type reasonably would otherwise search for billions of steps: the bound
+// ends each search after its work, and the tool's rule calls it cut.
+TEST_F(DistributionModesTest, TinyStepsEndTheSearchAtTheBound) {
+    set_bool(CHECK_DONT_INTERSECT, true);
+    type(EDIT_MIN_LONGITUDE, "1e-30");
+    const auto expect_cut = [&](Mode walk) {
+        EXPECT_TRUE(state().search.cut());
+        EXPECT_EQ(controls::kStepSearchBudget, state().search.done());
+        EXPECT_TRUE(controls::searchWasCut(search_settings(walk), true));
+    };
+    place(2);
+    expect_places({{0, -1000}, kUntouched});
+    expect_cut(Mode::given_steps);
+    layers_of(1);
+    EXPECT_EQ(1, dlg().get_layers_number());
+    expect_cut(Mode::given_steps);
+    // The count cut short leaves one layer of the repeats, which the placement then reaches.
+    set_bool(CHECK_REPEAT_LAYERS, true);
+    place(1);
+    EXPECT_EQ(1u, records().size());
+    EXPECT_FALSE(is_snapshot(record(0)));
+    set_bool(CHECK_REPEAT_LAYERS, false);
+
+    surface(RADIO_EQUATOR_ONLY);
+    place(2);
+    expect_places({{0}, kUntouched});
+    expect_cut(Mode::equator);
+
+    // Row changes of 1e-12 on a cylinder 100 high: the fourth layer climbs past the first row's
+    // 100 pixels of height in steps of four.
+    radius_by_first(3);
+    set_float(EDIT_DIM_Y, 100);
+    type(EDIT_MIN_LATITUDE, "1e-12");
+    place(4);
+    EXPECT_TRUE(is_snapshot(record(3)));
+    expect_cut(Mode::radius_by_first);
 }
 
 // ---- Radius set by the first layers --------------------------------------------------------------

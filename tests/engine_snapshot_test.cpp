@@ -84,26 +84,6 @@ TEST_F(Snapshot, RecordsHoldTruncatedSizesEffectiveOrientationAndValuesAtTheCurr
     EXPECT_FALSE(r.clone);
 }
 
-TEST_F(Snapshot, TextLayersTakeTheLargest3DSourceOrTheCompositionSize) {
-    comp().width = 1280;
-    comp().height = 720;
-    const host::Id small = add_av("Small", 640, 480);
-    const host::Id large = add_av("Large", 1920, 1080);
-    const host::Id flat = add_av("Flat", 2000, 2000, false);
-    const host::Id text = add_layer(AEGP_ObjectType_TEXT);
-    open_dialog();
-    auto text_dims = [&](const std::vector<host::Id>& selection) {
-        select(selection);
-        EXPECT_EQ(dlg().build_records(), A_Err_NONE);
-        const A_LPoint d = dlg().layers.front().dims;
-        return std::vector<A_long>{d.x, d.y};
-    };
-    EXPECT_EQ(text_dims({text, small, large}), (std::vector<A_long>{1280, 720}));
-    set_check(kAssistantCropTextLayersId, true);
-    EXPECT_EQ(text_dims({text, small, large}), (std::vector<A_long>{1920, 1080}));
-    EXPECT_EQ(text_dims({text, flat}), (std::vector<A_long>{1280, 720}));
-}
-
 TEST_F(Snapshot, EqualAreasKeepTheFirstInHandleOrder) {
     const host::Id wide = add_av("Wide", 200, 100);
     const host::Id tall = add_av("Tall", 100, 200);

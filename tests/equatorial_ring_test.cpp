@@ -30,7 +30,7 @@ protected:
 
     std::list<LayerInfo>& records() { return state().layers; }
 
-    void widths(std::initializer_list<A_long> ws) {
+    void widths(const std::vector<A_long>& ws) {
         records().clear();
         A_long index = 1;
         for (A_long w : ws) {
@@ -171,20 +171,57 @@ TEST_F(EquatorialRingTest, BeginAtBackStartsAtTheBack) {
     expect_closed(panels(std::vector<double>(6, 100)), 1e-6);
 }
 
-TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayerUnlessItHasNoWidth) {
-    widths({200, 200, 200, 50});
-    std::prev(records().end())->scale.val.three_d = AEGP_ThreeDVal{80, 70, 60};
-    dlg().get_layers_pos();
-    const LayerInfo& last = nth(records(), 3);
-    const double f = last.scale.val.three_d.x / 80;
-    EXPECT_NE(1, f);
-    EXPECT_EQ(static_cast<A_long>(f * 50), last.size.x);
-    EXPECT_EQ(70, last.scale.val.three_d.y);
-    EXPECT_EQ(60, last.scale.val.three_d.z);
-    EXPECT_EQ(80, last.size.y);
-    std::vector<Panel> ring = panels({200, 200, 200, 50});
-    ring[3].width = 50 * f;
-    expect_closed(ring, 1e-6);
+// Widths far apart make the first passes overshoot: the target length goes below zero, the
+// half-axes with it, and the construction carries on from the opposite side of the ring. The
+// expected values come from a separate script that follows the construction step by step in plain
+// double arithmetic, run once when this test was written: centres (x, z) in the layout frame, the
+// orientation written (X, Y), and the last layer's width and Scale X after closing (80 % before).
+TEST_F(EquatorialRingTest, UnevenWidthsCarryOnThroughANegativeSizeAndOnlyTheLastLayerIsStretched) {
+    const struct {
+        std::vector<A_long> widths;
+        double panels[3][4];
+        A_long last_width;
+        double last_scale_x;
+    } cases[] = {
+        // Only the fourth pass runs below zero (half-axes -24.25); the fifth gives the layout: the
+        // first panel at the front, the two narrow ones folded back behind it.
+        {{400, 100, 100},
+         {{0, 9.3786270736678414, 0, 0},
+          {150.2194141302233, 4.6996025533442083, -180, -5.3696239210518115},
+          {-49.780585869776694, 4.6996025533442083, -180, 1.7840683909865618}},
+         300,
+         240.46762790311018},
+        // The last three passes run below zero (the fifth with half-axes -88.33): the ring starts
+        // at the back.
+        {{100, 400, 100},
+         {{0, -88.332779833519766, -180, 0},
+          {-152.9378762813665, 83.14256424451986, -180, 59.02330493187344},
+          {-102.9378762813665, 83.14256424451986, 0, -48.270412136806598}},
+         459,
+         367.63038003955796},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::PrintToString(c.widths));
+        widths(c.widths);
+        std::prev(records().end())->scale.val.three_d = AEGP_ThreeDVal{80, 70, 60};
+        dlg().get_layers_pos();
+        for (std::size_t i = 0; i < 3; ++i) {
+            const LayerInfo& r = nth(records(), i);
+            const Vector centre = layout_point(r);
+            EXPECT_NEAR(c.panels[i][0], centre.x, 1e-9) << "panel " << i;
+            EXPECT_EQ(0, centre.y) << "panel " << i;
+            EXPECT_NEAR(c.panels[i][1], centre.z, 1e-9) << "panel " << i;
+            // Angles come back through arc cosines: good to about 1e-8 radians.
+            EXPECT_NEAR(c.panels[i][2], r.orientation.val.three_d.x, 1e-6) << "panel " << i;
+            EXPECT_NEAR(c.panels[i][3], r.orientation.val.three_d.y, 1e-6) << "panel " << i;
+        }
+        const LayerInfo& last = nth(records(), 2);
+        EXPECT_EQ(c.last_width, last.size.x);
+        EXPECT_EQ(80, last.size.y);
+        EXPECT_NEAR(c.last_scale_x, last.scale.val.three_d.x, 1e-9);
+        EXPECT_EQ(70, last.scale.val.three_d.y);
+        EXPECT_EQ(60, last.scale.val.three_d.z);
+    }
     // A last layer without width stays unscaled; uneven widths stay finite.
     widths({100, 100, 100, 0});
     dlg().get_layers_pos();
@@ -192,6 +229,12 @@ TEST_F(EquatorialRingTest, ClosingFactorScalesWidthAndScaleXOfTheLastLayerUnless
     EXPECT_EQ(0, flat.size.x);
     EXPECT_EQ(100, flat.scale.val.three_d.x);
     EXPECT_FALSE(is_snapshot(flat));
+    EXPECT_TRUE(all_finite(records()));
+    // Layers without width before the last one leave it nothing to close: it is scaled to 0.
+    widths({0, 0, 100});
+    dlg().get_layers_pos();
+    EXPECT_EQ(0, nth(records(), 2).scale.val.three_d.x);
+    EXPECT_FALSE(is_snapshot(nth(records(), 2)));
     EXPECT_TRUE(all_finite(records()));
     set_float(EDIT_DIM_X, 2000);
     set_float(EDIT_DIM_Z, 300);
