@@ -48,6 +48,11 @@ TEST_F(Report, ValuesTheFieldReadsOtherwiseAndSettingsTheDialogGreysOut) {
               (Lines{"EDIT_REPEAT_COUNT: typed 1000000000, the field reads 10000",
                      "EDIT_REPEAT_COUNT: 10000 repeats of 2 layers ask for 20000 copies; 326 were made (the repeats "
                      "were cut to what fits)"}));
+    // Steps so small that the search for a free place would outlast the layout's bound on work.
+    EXPECT_EQ(warnings(cardScene(2), {"EDIT_MIN_LONGITUDE=1e-30", "CHECK_DONT_INTERSECT=on"}),
+              Lines{"the layout stopped looking for places after 600000 steps, before its rows were used up: the layer "
+                    "not reached might fit with larger steps (EDIT_MIN_LONGITUDE, EDIT_MIN_LATITUDE and their "
+                    "increments)"});
     // Held in single precision like the field, 0.1 is read as typed.
     EXPECT_EQ(warnings(cardScene(2), {"EDIT_DIM_Y=0.1", "EDIT_DIM_X= 1e3 "}), Lines{});
     EXPECT_EQ(warnings(cardScene(2), {"CHECK_CREATE_RING=on"}),

@@ -3,6 +3,7 @@
 #include "app/drawing/preview_caption.h"
 #include "controls/control_notes.h"
 #include "controls/field_reading.h"
+#include "controls/step_search.h"
 
 #include <array>
 #include <charconv>
@@ -156,6 +157,36 @@ void stacked(const SessionResult& run, const RunOutcome& outcome, std::vector<Wa
     }
 }
 
+controls::SearchSettings searchSettings(const DialogReading& dialog) {
+    controls::SearchSettings s;
+    s.mode = dialog.mode();
+    s.distribute_evenly = dialog.on(CHECK_DISTRIBUTE_EVENLY);
+    s.min_longitude = static_cast<float>(dialog.number(EDIT_MIN_LONGITUDE));
+    s.longitude_increment = static_cast<float>(dialog.number(EDIT_LONGITUDE_INCREMENT));
+    s.min_latitude = static_cast<float>(dialog.number(EDIT_MIN_LATITUDE));
+    s.latitude_increment = static_cast<float>(dialog.number(EDIT_LATITUDE_INCREMENT));
+    s.dim_y = static_cast<float>(dialog.number(EDIT_DIM_Y));
+    s.radius_layers = static_cast<int>(dialog.number(EDIT_RADIUS_LAYERS));
+    s.dont_intersect = dialog.on(CHECK_DONT_INTERSECT);
+    s.admits_nothing = dialog.on(RADIO_SECTOR) && controls::sectorAdmitsNone(dialog.sectorBoxes());
+    return s;
+}
+
+// The layout bounds the work it spends looking for places; steps so small that a search would go
+// on past that bound leave layers unreached that would have fit had the search gone on.
+void searchCut(const SessionResult& run, const RunOutcome& outcome, std::vector<Warning>& out) {
+    if (outcome.apply != ApplyState::applied || outcome.not_reached.empty() ||
+        !controls::searchWasCut(searchSettings(run.reading), true)) {
+        return;
+    }
+    out.push_back({"", "search_cut",
+                   "the layout stopped looking for places after " + std::to_string(controls::kStepSearchBudget) +
+                       " steps, before its rows were used up: the " +
+                       (outcome.not_reached.size() == 1 ? std::string("layer") : "layers") +
+                       " not reached might fit with larger steps (EDIT_MIN_LONGITUDE, EDIT_MIN_LATITUDE and their "
+                       "increments)"});
+}
+
 }  // namespace
 
 std::vector<Warning> runWarnings(const SessionResult& run, const RunOutcome& outcome) {
@@ -169,6 +200,7 @@ std::vector<Warning> runWarnings(const SessionResult& run, const RunOutcome& out
     repeatPath(run, warnings);
     repeatsCut(run, outcome, warnings);
     stacked(run, outcome, warnings);
+    searchCut(run, outcome, warnings);
     return warnings;
 }
 
