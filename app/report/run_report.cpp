@@ -56,13 +56,26 @@ std::size_t takenWritten(const RunOutcome& outcome) {
         std::count_if(outcome.taken.begin(), outcome.taken.end(), [&](host::Id id) { return written.count(id) != 0; }));
 }
 
-// A finished "Apply" writes every layer it took; one that stopped early, or whose calls the host
-// refused beyond asking for suites it may do without, failed.
+// "Apply" failed when the host refused one of its calls beyond asking for a suite it may do
+// without, or when it wrote fewer layers than it took while the host refused something. Fewer
+// layers written with nothing refused is the layout's own choice: with "Repeat Layers" in the given
+// steps the list is cut to the places that fit, which can leave selected layers out as well. (On a
+// host without an optional suite such a cut still reads as a stop: the refusal alone cannot tell.)
 bool applyFailed(const SessionResult& run, const RunOutcome& outcome) {
     const bool refused_call =
         std::any_of(run.apply.refused.begin(), run.apply.refused.end(),
                     [](const host::RefusedCall& c) { return c.call.rfind("AcquireSuite", 0) != 0; });
-    return run.apply.pressed && (takenWritten(outcome) != outcome.taken.size() || refused_call);
+    const bool shortfall = takenWritten(outcome) != outcome.taken.size();
+    return run.apply.pressed && (refused_call || (shortfall && !run.apply.refused.empty()));
+}
+
+// Layers the command took that a finished "Apply" did not write.
+std::vector<host::Id> leftOut(const RunOutcome& outcome) {
+    const std::set<host::Id> written(outcome.written.begin(), outcome.written.end());
+    std::vector<host::Id> ids;
+    std::copy_if(outcome.taken.begin(), outcome.taken.end(), std::back_inserter(ids),
+                 [&](host::Id id) { return written.count(id) == 0; });
+    return ids;
 }
 
 std::string applyFailure(const SessionResult& run, const RunOutcome& outcome) {
@@ -112,6 +125,17 @@ std::string vectorText(const Vec3& v) {
     return "(" + tableNumber(v.x) + ", " + tableNumber(v.y) + ", " + tableNumber(v.z) + ")";
 }
 
+std::string layerList(const std::vector<NamedLayer>& layers) {
+    std::string line = std::to_string(layers.size()) + ":";
+    for (std::size_t i = 0; i < layers.size() && i < kNamesShown; ++i) {
+        line += (i == 0 ? " #" : ", #") + std::to_string(layers[i].number) + " \"" + escapedText(layers[i].name) + "\"";
+    }
+    if (layers.size() > kNamesShown) {
+        line += " and " + std::to_string(layers.size() - kNamesShown) + " more";
+    }
+    return line;
+}
+
 std::string notReachedLine(const RunReport& r) {
     if (r.stopped_after) {
         return "not known: \"Apply\" stopped part-way";
@@ -119,19 +143,18 @@ std::string notReachedLine(const RunReport& r) {
     if (r.not_reached.empty()) {
         return "none";
     }
-    std::string line = std::to_string(r.not_reached.size()) + ":";
-    for (std::size_t i = 0; i < r.not_reached.size() && i < kNamesShown; ++i) {
-        line += (i == 0 ? " #" : ", #") + std::to_string(r.not_reached[i].number) + " \"" +
-                escapedText(r.not_reached[i].name) + "\"";
-    }
-    if (r.not_reached.size() > kNamesShown) {
-        line += " and " + std::to_string(r.not_reached.size() - kNamesShown) + " more";
-    }
+    const std::string line = layerList(r.not_reached);
     const bool one = r.not_reached.size() == 1;
     const std::string kept = one ? "it kept its place" : "they kept their places";
     return line + (r.offset.empty()
                        ? " (" + kept + ")"
                        : " (" + kept + ", plus the offset " + r.offset + " added to every position written)");
+}
+
+std::string leftOutLine(const RunReport& r) {
+    return layerList(r.left_out) + (r.left_out.size() == 1 ? " (it was" : " (they were") +
+           " not written: the repeats were cut to the places that fit, and the cut took " +
+           (r.left_out.size() == 1 ? "it" : "them") + " from the list too)";
 }
 
 std::string undoLine(const RunReport& r) {
@@ -181,6 +204,8 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome) {
         // nor left alone by the layout.
         r.stopped_after = takenWritten(outcome);
         r.not_reached.clear();
+    } else if (r.apply == ApplyState::applied) {
+        r.left_out = named(project, outcome.comp, leftOut(outcome));
     }
     return r;
 }
@@ -197,6 +222,9 @@ std::string summaryText(const RunReport& r) {
     std::string text = "Summary\n";
     text += "  arranged:     " + arrangedLine(r) + "\n";
     text += "  not reached:  " + notReachedLine(r) + "\n";
+    if (!r.left_out.empty()) {
+        text += "  left out:     " + leftOutLine(r) + "\n";
+    }
     text += "  surface:      " + r.surface + "\n";
     for (const std::string& note : r.surface_notes) {
         text += "                " + note + "\n";
@@ -217,6 +245,10 @@ nlohmann::json summaryJson(const RunReport& r, int status) {
     for (const NamedLayer& layer : r.not_reached) {
         not_reached.push_back({{"layer", layer.number}, {"name", layer.name}});
     }
+    json left_out = json::array();
+    for (const NamedLayer& layer : r.left_out) {
+        left_out.push_back({{"layer", layer.number}, {"name", layer.name}});
+    }
     json undo = json::array();
     for (const host::UndoGroup& g : r.undo_groups) {
         undo.push_back({{"name", g.name}, {"closed", g.closed}, {"undone", g.undone}});
@@ -235,6 +267,7 @@ nlohmann::json summaryJson(const RunReport& r, int status) {
             {"arranged", r.arranged},
             {"stopped_after", r.stopped_after ? json(*r.stopped_after) : json(nullptr)},
             {"not_reached", std::move(not_reached)},
+            {"left_out", std::move(left_out)},
             {"surface", {{"text", r.surface}, {"notes", r.surface_notes}}},
             {"undo_groups", std::move(undo)},
             {"warnings", std::move(warnings)},

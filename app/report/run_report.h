@@ -30,6 +30,8 @@ struct RunReport {
     // Set when "Apply" stopped before it wrote every layer it took: how many of those it wrote to.
     std::optional<std::size_t> stopped_after;
     std::vector<NamedLayer> not_reached;  // empty when "Apply" stopped part-way
+    // Selected layers a finished "Apply" did not write: the repeat cut took them from the list.
+    std::vector<NamedLayer> left_out;
     std::string offset;   // added to every position written, e.g. "(960.0, 540.0, 0.0)"; empty when none
     std::string surface;  // mode, size and centre
     std::vector<std::string> surface_notes;    // the ring's closing among them

@@ -114,10 +114,12 @@ void repeatsCut(const SessionResult& run, const RunOutcome& outcome, std::vector
     const double asked = *repeats * static_cast<double>(outcome.taken.size());
     if (static_cast<double>(run.apply.copies) < asked) {
         out.push_back({"EDIT_REPEAT_COUNT", "repeats_cut",
-                       "EDIT_REPEAT_COUNT: " + readingText(*count->control, *repeats) + " repeats of " +
-                           std::to_string(outcome.taken.size()) + (outcome.taken.size() == 1 ? " layer" : " layers") +
-                           " ask for " + readingText(*count->control, asked) + " copies; " +
-                           std::to_string(run.apply.copies) + " were made (the repeats were cut to what fits)"});
+                       "EDIT_REPEAT_COUNT: " + readingText(*count->control, *repeats) +
+                           (*repeats == 1 ? " repeat of " : " repeats of ") + std::to_string(outcome.taken.size()) +
+                           (outcome.taken.size() == 1 ? " layer" : " layers") +
+                           (*repeats == 1 ? " asks for " : " ask for ") + readingText(*count->control, asked) +
+                           " copies; " + std::to_string(run.apply.copies) +
+                           " were made (the repeats were cut to what fits)"});
     }
 }
 
