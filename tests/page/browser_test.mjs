@@ -13,8 +13,6 @@ import { project, rectangles, sceneCamera, screenIndex, seenAt, viewCamera } fro
 
 const kTool = process.env.ORBISETT_HOST;
 const kShots = process.env.ORBISETT_PAGE_SHOTS || fs.mkdtempSync(path.join(os.tmpdir(), 'orbisett-shots-'));
-// The page's colours for faces: front light, back dark, copies warm.
-const kFaces = { front: '#a9cbef', back: '#56697f', copyFront: '#f3cf9b', copyBack: '#8c6a43' };
 // Through the scene's camera the page fits the composition's frame into this much of the canvas.
 const kCameraViewFill = 0.8;
 
@@ -33,6 +31,14 @@ function runTool(args) {
 
 function readJson(file) {
   return JSON.parse(fs.readFileSync(file, 'utf8'));
+}
+
+// The data the tool wrote into a page.
+function pageData(file) {
+  const html = fs.readFileSync(file, 'utf8');
+  const open = '<script type="application/json" id="scene-data">';
+  const from = html.indexOf(open) + open.length;
+  return JSON.parse(html.slice(from, html.indexOf('</script>', from)));
 }
 
 // The page of a run, the scene after it and the scene before it (the same run without Apply).
@@ -90,8 +96,8 @@ async function compare(page, camera, rects, shot, scene) {
   samples.forEach((s, i) => {
     const block = got.slice(i * kOffsets.length, (i + 1) * kOffsets.length);
     const agreeing = block.filter((c) => (s.want === 'nothing'
-      ? !Object.values(kFaces).some((hex) => near(c, rgb(hex)))
-      : near(c, rgb(kFaces[s.want])))).length;
+      ? !Object.values(faces).some((hex) => near(c, rgb(hex)))
+      : near(c, rgb(faces[s.want])))).length;
     if (agreeing < 0.6 * kOffsets.length) {
       failed.push(`${s.what} at (${s.x.toFixed(0)}, ${s.y.toFixed(0)}): wanted ${s.want}, saw rgb(${block[kMiddle]})`);
     }
@@ -101,10 +107,14 @@ async function compare(page, camera, rects, shot, scene) {
 
 let chromium;
 let demo;
+// The colours the page paints faces with: front light, back dark, copies warm.
+let faces;
 
 before(async () => {
   chromium = await launch();
   demo = makePage('demo', []);
+  const { palette } = pageData(demo.file);
+  faces = { front: palette.front, back: palette.back, copyFront: palette.copyFront, copyBack: palette.copyBack };
 });
 
 after(async () => {
