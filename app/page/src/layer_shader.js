@@ -1,6 +1,6 @@
 // How a layer's rectangle is painted: the side that faces the viewer in its colour, front light
 // and back dark, copies warm, with an outline about a pixel wide along its edges, dashed for layers
-// without a source (light dashes on a back face, where dark ones would vanish). Drawing the outline here keeps every layer to one or two triangles and all to
+// without a source. Drawing the outline here keeps every layer to one or two triangles and all to
 // one draw call. Kept short: a software renderer runs it for every pixel of every layer.
 import { DoubleSide, ShaderMaterial } from 'three';
 import { canvasColour } from './palette.js';
@@ -52,13 +52,17 @@ void main() {
   // A layer only a few pixels across shows its face rather than a blot of outline.
   float line = (1.0 - smoothstep(0.6, 1.4, min(toEdge.x, toEdge.y))) *
     smoothstep(4.0, 8.0, 1.0 / max(perPixel.x, perPixel.y));
-  // Dashes run along the nearer edge.
+  // Dashes run along the nearer edge. On a front face the face shows between them; on a dark back
+  // face they are light, with the outline between them, so that the edge holds against the face
+  // and the background alike.
   float along = toEdge.x < toEdge.y ? vCorner.y / perPixel.y : vCorner.x / perPixel.x;
-  line *= 1.0 - vDashed * step(0.55, fract(along / ${kDashPeriod.toFixed(1)}));
+  float dash = vDashed * (1.0 - step(0.55, fract(along / ${kDashPeriod.toFixed(1)})));
   vec3 face = gl_FrontFacing ? mix(front, copyFront, vCopy) : mix(back, copyBack, vCopy);
   vec3 ink = mix(edge, copyEdge, vCopy);
-  if (!gl_FrontFacing) {
-    ink = mix(ink, mix(backDash, copyBackDash, vCopy), vDashed);
+  if (gl_FrontFacing) {
+    line *= 1.0 - vDashed + dash;
+  } else {
+    ink = mix(ink, mix(backDash, copyBackDash, vCopy), dash);
   }
   gl_FragColor = vec4(mix(face, ink, line), 1.0);
 }
