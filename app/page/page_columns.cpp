@@ -22,39 +22,41 @@ void writeScriptSafeJson(std::ostream& out, const nlohmann::json& value) {
     out.write(text.data() + from, static_cast<std::streamsize>(text.size() - from));
 }
 
-void Base64Writer::put(std::uint8_t byte) {
-    group_ = (group_ << 8) | byte;
-    if (++held_ < 3) {
-        return;
+void Base64Writer::write(std::span<const std::uint8_t> bytes) {
+    std::size_t at = 0;
+    while (held_count_ > 0 && held_count_ < 3 && at < bytes.size()) {
+        held_[held_count_++] = bytes[at++];
     }
-    if (length_ + 4 > sizeof(text_)) {
-        flushText();
+    if (held_count_ == 3) {
+        encode((std::uint32_t{held_[0]} << 16) | (std::uint32_t{held_[1]} << 8) | held_[2], 3);
+        held_count_ = 0;
     }
-    for (int shift = 18; shift >= 0; shift -= 6) {
-        text_[length_++] = kAlphabet[(group_ >> shift) & 63];
+    for (; at + 3 <= bytes.size(); at += 3) {
+        encode((std::uint32_t{bytes[at]} << 16) | (std::uint32_t{bytes[at + 1]} << 8) | bytes[at + 2], 3);
     }
-    group_ = 0;
-    held_ = 0;
+    while (at < bytes.size()) {
+        held_[held_count_++] = bytes[at++];
+    }
 }
 
 void Base64Writer::finish() {
-    if (held_ > 0) {
-        const int held = held_;
+    if (held_count_ > 0) {
         // Zero bytes complete the group; '=' stands for the characters they alone make.
-        while (held_ < 3) {
-            group_ <<= 8;
-            ++held_;
-        }
-        if (length_ + 4 > sizeof(text_)) {
-            flushText();
-        }
-        for (int i = 0, shift = 18; i < 4; ++i, shift -= 6) {
-            text_[length_++] = i <= held ? kAlphabet[(group_ >> shift) & 63] : '=';
-        }
-        group_ = 0;
-        held_ = 0;
+        const std::uint32_t second = held_count_ > 1 ? held_[1] : 0;
+        encode((std::uint32_t{held_[0]} << 16) | (second << 8), held_count_);
+        held_count_ = 0;
     }
     flushText();
+}
+
+// The four characters of a group of three bytes of which `bytes` are given.
+void Base64Writer::encode(std::uint32_t group, int bytes) {
+    if (length_ + 4 > sizeof(text_)) {
+        flushText();
+    }
+    for (int i = 0, shift = 18; i < 4; ++i, shift -= 6) {
+        text_[length_++] = i <= bytes ? kAlphabet[(group >> shift) & 63] : '=';
+    }
 }
 
 void Base64Writer::flushText() {

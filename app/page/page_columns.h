@@ -5,9 +5,11 @@
 
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <iosfwd>
+#include <span>
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -18,7 +20,7 @@ namespace app {
 // its \u escape reads back the same. Text that is not UTF-8 is replaced, not refused.
 void writeScriptSafeJson(std::ostream& out, const nlohmann::json& value);
 
-// Base64 of bytes put one at a time, written out in blocks.
+// Base64 of bytes given in any pieces, written out in blocks.
 class Base64Writer {
 public:
     explicit Base64Writer(std::ostream& out) : out_(out) {}
@@ -26,16 +28,17 @@ public:
     Base64Writer(const Base64Writer&) = delete;
     Base64Writer& operator=(const Base64Writer&) = delete;
 
-    void put(std::uint8_t byte);
+    void write(std::span<const std::uint8_t> bytes);
     // Writes what is held, with the padding of a last, short group.
     void finish();
 
 private:
+    void encode(std::uint32_t group, int bytes);
     void flushText();
 
     std::ostream& out_;
-    std::uint32_t group_ = 0;
-    int held_ = 0;
+    std::uint8_t held_[3] = {};
+    int held_count_ = 0;
     char text_[4096] = {};
     std::size_t length_ = 0;
 };
@@ -57,12 +60,19 @@ void writeColumn(std::ostream& out, std::string_view type, std::size_t width, co
                                     std::conditional_t<sizeof(T) == 4, std::uint32_t, std::uint64_t>>;
     detail::writeColumnHead(out, type, width);
     Base64Writer base64(out);
+    std::array<std::uint8_t, 3 * 1024> block;
+    std::size_t used = 0;
     for (const T& value : values) {
         const Bits bits = std::bit_cast<Bits>(value);
         for (std::size_t k = 0; k < sizeof(T); ++k) {
-            base64.put(static_cast<std::uint8_t>(bits >> (8 * k)));
+            block[used++] = static_cast<std::uint8_t>(bits >> (8 * k));
+        }
+        if (used + sizeof(T) > block.size()) {
+            base64.write(std::span(block).first(used));
+            used = 0;
         }
     }
+    base64.write(std::span(block).first(used));
     base64.finish();
     detail::writeColumnTail(out);
 }

@@ -76,7 +76,11 @@ public:
         if (comp == nullptr) {
             return;
         }
-        for (const PlacedLayer& placed : placeLayers(before, *comp, sourceless)) {
+        const std::vector<PlacedLayer> layers = placeLayers(before, *comp, sourceless);
+        index_.reserve(layers.size());
+        corners_.reserve(layers.size() * kCornerNumbers);
+        values_.reserve(layers.size() * kValueNumbers);
+        for (const PlacedLayer& placed : layers) {
             index_.push_back({placed.id, static_cast<std::uint32_t>(index_.size())});
             appendCorners(corners_, placed);
             appendValues(values_, comp->layers[static_cast<std::size_t>(placed.number - 1)], comp->time);
@@ -129,6 +133,21 @@ bool lastStatesDiffer(const PageLayers& layers) {
            !std::ranges::equal(last(layers.values_before, kValueNumbers), last(layers.values_after, kValueNumbers));
 }
 
+// Every column's room for `count` layers, so that none grows by copying itself.
+void reserve(PageLayers& layers, std::size_t count) {
+    layers.names.reserve(count);
+    layers.numbers.reserve(count);
+    layers.kinds.reserve(count);
+    layers.sources.reserve(count);
+    layers.runs.reserve(count);
+    layers.copy_of.reserve(count);
+    layers.corners_before.reserve(count * kCornerNumbers);
+    layers.corners_after.reserve(count * kCornerNumbers);
+    layers.values_before.reserve(count * kValueNumbers);
+    layers.values_after.reserve(count * kValueNumbers);
+    layers.keys.reserve(count * kKeyCounts);
+}
+
 PageLayers layersData(const host::Project& before, const host::Project& after, const host::Comp& comp,
                       const RunOutcome& outcome) {
     const BeforeStates was(before, outcome.sourceless);
@@ -140,8 +159,10 @@ PageLayers layersData(const host::Project& before, const host::Project& after, c
     };
     const std::vector<host::Id> arranged = sorted(outcome.arranged);
     const std::vector<host::Id> not_reached = sorted(outcome.not_reached);
+    const std::vector<PlacedLayer> placed_layers = placeLayers(after, comp, outcome.sourceless);
     PageLayers layers;
-    for (const PlacedLayer& placed : placeLayers(after, comp, outcome.sourceless)) {
+    reserve(layers, placed_layers.size());
+    for (const PlacedLayer& placed : placed_layers) {
         const host::Layer& layer = comp.layers[static_cast<std::size_t>(placed.number - 1)];
         layers.names.push_back(layer.name);
         layers.numbers.push_back(static_cast<std::uint32_t>(placed.number));
