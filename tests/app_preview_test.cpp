@@ -441,14 +441,14 @@ TEST(PageData, TextAndShapeLayersTakeTheExtentTheLayoutGaveThem) {
         EXPECT_NEAR(side(placed.corners, 0, 3), h, kTight) << placed.name;
         EXPECT_EQ(placed.has_source, placed.id != text && placed.id != shape);
     }
-    const nlohmann::json data = app::pageSceneData(project, project, outcome);
-    for (const nlohmann::json& layer : data["layers"]) {
-        if (layer["source"] == false) {
-            for (const char* state : {"before", "after"}) {
-                const std::array<Vec3, 4> c{corner(layer[state], 0), corner(layer[state], 1), corner(layer[state], 2),
-                                            corner(layer[state], 3)};
-                EXPECT_NEAR(side(c, 0, 1), layer["name"] == "Text" ? 480 : 240, 0.01) << layer["name"] << state;
-                EXPECT_NEAR(side(c, 0, 3), layer["name"] == "Text" ? 270 : 540, 0.01) << layer["name"] << state;
+    const app::PageLayers layers = app::pageSceneData(project, project, outcome).layers;
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        if (layers.sources[i] == 0) {
+            for (const std::vector<float>* state : {&layers.corners_before, &layers.corners_after}) {
+                const std::array<Vec3, 4> c{corner(*state, i, 0), corner(*state, i, 1), corner(*state, i, 2),
+                                            corner(*state, i, 3)};
+                EXPECT_NEAR(side(c, 0, 1), layers.names[i] == "Text" ? 480 : 240, 0.01) << layers.names[i];
+                EXPECT_NEAR(side(c, 0, 3), layers.names[i] == "Text" ? 270 : 540, 0.01) << layers.names[i];
             }
         }
     }

@@ -307,7 +307,7 @@ test('layers made as copies are marked in warm colours; a layer without a source
   }));
   // Not selected, so the run leaves it showing its back to the front view.
   const note = {
-    name: 'Note', type: 'text', three_d: true, position: [600, 200, 0], scale: [25, 25, 100],
+    name: 'Note', type: 'text', three_d: true, position: [600, 200, 0], scale: [80, 80, 100],
     orientation: [0, 180, 0], rotation: [0, 0, 0], selected: false,
   };
   const scene = {
