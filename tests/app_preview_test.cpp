@@ -6,6 +6,7 @@
 #include "app/drawing/preview_view.h"
 #include "app/drawing/svg_writer.h"
 #include "app/page/html_page.h"
+#include "app/page/page_columns.h"
 #include "app/page/scene_data.h"
 #include "dialog_settings.h"
 
@@ -14,6 +15,7 @@
 #include <cmath>
 #include <regex>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -350,8 +352,9 @@ TEST(PreviewScene, SettingsAndLayerSizesAsThePluginReadsThem) {
     EXPECT_EQ(app::layerSize(project, text, {480, 270}), (std::array<double, 2>{480, 270}));
 }
 
-Vec3 corner(const nlohmann::json& corners, int i) {
-    return {corners[3 * i].get<double>(), corners[3 * i + 1].get<double>(), corners[3 * i + 2].get<double>()};
+Vec3 corner(const std::vector<float>& corners, std::size_t layer, std::size_t i) {
+    const std::size_t at = layer * app::kCornerNumbers + 3 * i;
+    return {corners[at], corners[at + 1], corners[at + 2]};
 }
 
 TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndTheScript) {
@@ -366,34 +369,57 @@ TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndThe
     app::RunOutcome outcome;
     outcome.copies = {{copy, near}};
     outcome.arranged = {near};
-    const nlohmann::json data = app::pageSceneData(before, after, outcome);
-    ASSERT_EQ(data["layers"].size(), 4u);
-    const nlohmann::json& made = data["layers"][0];
-    const nlohmann::json& original = data["layers"][1];
-    EXPECT_EQ(made["number"], 1);
-    EXPECT_EQ(made["copy_of"], 1);
-    EXPECT_EQ(original.contains("copy_of"), false);
+    const app::PageLayers layers = app::pageSceneData(before, after, outcome).layers;
+    ASSERT_EQ(layers.size(), 4u);
+    EXPECT_EQ(layers.numbers[0], 1u);
+    EXPECT_EQ(layers.copy_of[0], 1u);
+    EXPECT_EQ(layers.copy_of[1], 0u);
     // 400 x 300 around the position, unturned.
-    expectNear(corner(made["before"], 0), {760, 390, -400});
-    expectNear(corner(made["after"], 2), {200, 150, 0});
-    expectNear(corner(original["before"], 0), {760, 390, -400});
-    expectNear(corner(original["after"], 0), {760, 390, -1000});
-    EXPECT_EQ(original["before_values"]["position"], nlohmann::json({960, 540, -400}));
-    EXPECT_EQ(original["values"]["position"], nlohmann::json({960, 540, -1000}));
-    EXPECT_EQ(original["run"], "arranged");
-    EXPECT_EQ(made["run"], "moved");
-    EXPECT_EQ(data["layers"][2]["run"], "kept");
+    expectNear(corner(layers.corners_before, 0, 0), {760, 390, -400});
+    expectNear(corner(layers.corners_after, 0, 2), {200, 150, 0});
+    expectNear(corner(layers.corners_before, 1, 0), {760, 390, -400});
+    expectNear(corner(layers.corners_after, 1, 0), {760, 390, -1000});
+    const auto position = [](const std::vector<double>& values, std::size_t layer) {
+        return std::vector<double>(values.begin() + layer * app::kValueNumbers,
+                                   values.begin() + layer * app::kValueNumbers + 3);
+    };
+    EXPECT_EQ(position(layers.values_before, 1), (std::vector<double>{960, 540, -400}));
+    EXPECT_EQ(position(layers.values_after, 1), (std::vector<double>{960, 540, -1000}));
+    EXPECT_EQ(layers.runs,
+              (std::vector{app::LayerRun::moved, app::LayerRun::arranged, app::LayerRun::kept, app::LayerRun::kept}));
     // Names cannot end the page's script or title.
     before.comps.front().name = "A <b> & </title>";
     before.comps.front().layers[0].name = "</script><script>alert(1)</script><!--";
-    const std::string page = app::htmlPage(app::pageSceneData(before, before, app::RunOutcome{}));
+    std::ostringstream written;
+    app::writeHtmlPage(written, app::pageSceneData(before, before, app::RunOutcome{}));
+    const std::string page = written.str();
     EXPECT_EQ(count(page, "</script>"), 2u);  // the data's and the page script's own
     EXPECT_EQ(count(page, "<!--"), 0u);
     EXPECT_NE(page.find("<title>&quot;A &lt;b&gt; &amp; &lt;/title&gt;&quot; in 3D"), std::string::npos);
     const std::string open = R"(<script type="application/json" id="scene-data">)";
     const std::size_t from = page.find(open) + open.size();
     const nlohmann::json embedded = nlohmann::json::parse(page.substr(from, page.find("</script>", from) - from));
-    EXPECT_EQ(embedded["layers"][0]["name"], "</script><script>alert(1)</script><!--");
+    EXPECT_EQ(embedded["layers"]["names"][0], "</script><script>alert(1)</script><!--");
+    EXPECT_EQ(embedded["layers"]["count"], 3);
+    EXPECT_EQ(embedded["palette"]["front"], "#a9cbef");
+}
+
+TEST(PageData, ColumnsAreTheirNumbersLittleEndianInBase64) {
+    const auto written = [](auto values, std::string_view type) {
+        std::ostringstream out;
+        app::writeColumn(out, type, 1, values);
+        return nlohmann::json::parse(out.str());
+    };
+    // Three bytes make four characters; one or two left over are padded.
+    EXPECT_EQ(written(std::vector<std::uint8_t>{77, 97, 110}, "u8"),
+              nlohmann::json({{"type", "u8"}, {"width", 1}, {"base64", "TWFu"}}));
+    EXPECT_EQ(written(std::vector<std::uint8_t>{77, 97}, "u8")["base64"], "TWE=");
+    EXPECT_EQ(written(std::vector<std::uint8_t>{77}, "u8")["base64"], "TQ==");
+    EXPECT_EQ(written(std::vector<std::uint8_t>{}, "u8")["base64"], "");
+    // 01 00 00 00 00 01 00 00; 1.0f is 00 00 80 3f; -2.0 is six zero bytes, 00 c0.
+    EXPECT_EQ(written(std::vector<std::uint32_t>{1, 256}, "u32")["base64"], "AQAAAAABAAA=");
+    EXPECT_EQ(written(std::vector<float>{1.0f}, "f32")["base64"], "AACAPw==");
+    EXPECT_EQ(written(std::vector<double>{-2.0}, "f64")["base64"], "AAAAAAAAAMA=");
 }
 
 // Text and shape layers, drawn by the preview and the page at the extent the layout gave them
@@ -415,14 +441,14 @@ TEST(PageData, TextAndShapeLayersTakeTheExtentTheLayoutGaveThem) {
         EXPECT_NEAR(side(placed.corners, 0, 3), h, kTight) << placed.name;
         EXPECT_EQ(placed.has_source, placed.id != text && placed.id != shape);
     }
-    const nlohmann::json data = app::pageSceneData(project, project, outcome);
-    for (const nlohmann::json& layer : data["layers"]) {
-        if (layer["source"] == false) {
-            for (const char* state : {"before", "after"}) {
-                const std::array<Vec3, 4> c{corner(layer[state], 0), corner(layer[state], 1), corner(layer[state], 2),
-                                            corner(layer[state], 3)};
-                EXPECT_NEAR(side(c, 0, 1), layer["name"] == "Text" ? 480 : 240, 0.01) << layer["name"] << state;
-                EXPECT_NEAR(side(c, 0, 3), layer["name"] == "Text" ? 270 : 540, 0.01) << layer["name"] << state;
+    const app::PageLayers layers = app::pageSceneData(project, project, outcome).layers;
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        if (layers.sources[i] == 0) {
+            for (const std::vector<float>* state : {&layers.corners_before, &layers.corners_after}) {
+                const std::array<Vec3, 4> c{corner(*state, i, 0), corner(*state, i, 1), corner(*state, i, 2),
+                                            corner(*state, i, 3)};
+                EXPECT_NEAR(side(c, 0, 1), layers.names[i] == "Text" ? 480 : 240, 0.01) << layers.names[i];
+                EXPECT_NEAR(side(c, 0, 3), layers.names[i] == "Text" ? 270 : 540, 0.01) << layers.names[i];
             }
         }
     }

@@ -1,6 +1,7 @@
 #include "app/drawing/preview_picture.h"
 
 #include "app/drawing/layer_corners.h"
+#include "app/drawing/palette.h"
 #include "app/drawing/preview_caption.h"
 #include "app/drawing/preview_label.h"
 #include "app/drawing/preview_view.h"
@@ -26,12 +27,12 @@ constexpr int kOutlineSegments = 96;
 // Coordinates beyond this many pixels are no longer a place in any composition.
 constexpr double kAbsurd = 1e12;
 
-const Style kOutline{"none", "#8a94a3", 1.0, 0.7, "6 4"};
+const Style kOutline{"none", std::string(kSurfaceColour.hex), 1.0, 0.7, "6 4"};
 const Style kReference{"none", "#c3c9d2", 1.0, 1.0, "2 4"};
 // Opaque: a face hides what lies behind it, labels included.
-const Style kFront{"#a9cbef", "#24496f", 1.2, 1.0, ""};
-const Style kBack{"#56697f", "#1d2a38", 1.2, 1.0, ""};
-const Style kNoSource{"none", "#24496f", 1.2, 0.9, "5 3"};
+const Style kFront{std::string(kFrontColour.hex), std::string(kEdgeColour.hex), 1.2, 1.0, ""};
+const Style kBack{std::string(kBackColour.hex), "#1d2a38", 1.2, 1.0, ""};
+const Style kNoSource{"none", std::string(kEdgeColour.hex), 1.2, 0.9, "5 3"};
 
 // Something painted in depth order, far to near: a layer or a piece of the surface's outline.
 struct Item {
@@ -287,7 +288,8 @@ void drawLayer(SvgWriter& svg, const PlacedLayer& layer, const Face& face, doubl
     svg.polygon(face.corners, style, face.front ? "front" : "back");
     if (const auto& label = face.label) {
         if (!layer.has_source) {
-            svg.text(label->baseline, layer.name, TextStyle{label->size, "#17324f", "middle", "#f6f7f9"});
+            svg.text(label->baseline, layer.name,
+                     TextStyle{label->size, "#17324f", "middle", std::string(kBackgroundColour.hex)});
         } else {
             svg.text(label->baseline, layer.name, label->size, face.front ? "#0f2740" : "#e3ebf3");
         }
@@ -307,7 +309,7 @@ std::string surfaceAttributes(const Surface& s) {
 
 Preview drawPreview(const host::Project& project, const RunOutcome& outcome) {
     Preview preview;
-    SvgWriter svg(kWidth, kHeight, "#f6f7f9");
+    SvgWriter svg(kWidth, kHeight, kBackgroundColour.hex);
     const host::Comp* comp = outcome.comp != 0 ? project.comp(outcome.comp) : reportedComp(project);
     if (comp == nullptr) {
         svg.text({kWidth / 2.0, kHeight / 2.0}, "No composition", 16, "#333333");
@@ -392,7 +394,7 @@ Preview drawPreview(const host::Project& project, const RunOutcome& outcome) {
         }
     }
     if (outcome.surface.known) {
-        drawCross(svg, view, area, outcome.surface.centre, Style{"none", "#8a94a3", 1.2, 1, ""});
+        drawCross(svg, view, area, outcome.surface.centre, Style{"none", std::string(kSurfaceColour.hex), 1.2, 1, ""});
     }
     // Last, over anything that reaches up into it.
     facts.outside = preview.outside;
@@ -401,7 +403,8 @@ Preview drawPreview(const host::Project& project, const RunOutcome& outcome) {
     for (const std::string& sentence : captionSentences(facts)) {
         for (const std::string& line : wrapText(sentence, kCaptionWidth)) {
             y += kCaptionLine;
-            svg.text({kMargin, y - 4}, line, TextStyle{kCaptionSize, "#333333", "start", "#f6f7f9"});
+            svg.text({kMargin, y - 4}, line,
+                     TextStyle{kCaptionSize, "#333333", "start", std::string(kBackgroundColour.hex)});
         }
     }
     preview.svg = svg.finish();

@@ -213,8 +213,9 @@ std::vector<OutputFile> outputFiles(const Options& options, const SessionResult&
         files.push_back(outputOf("--dialog", options.dialog, picture("--dialog", options.dialog, run.dialog_svg)));
     }
     if (!options.html.empty()) {
-        files.push_back(
-            outputOf("--html", options.html, htmlPage(pageSceneData(run.before(), run.host->project(), outcome))));
+        files.push_back({"--html", options.html, [&run, &outcome](std::ostream& out) {
+                             writeHtmlPage(out, pageSceneData(run.before(), run.host->project(), outcome));
+                         }});
     }
     if (!options.json_report.empty()) {
         files.push_back(outputOf("--json-report", options.json_report, report.dump(2) + "\n"));

@@ -2,13 +2,14 @@
 // before and after the run, with the page's script and three.js inside it.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include "app/page/scene_data.h"
 
-#include <string>
+#include <iosfwd>
 
 namespace app {
 
-// The page for the data of pageSceneData().
-std::string htmlPage(const nlohmann::json& scene_data);
+// Writes the page of the data of pageSceneData(), as it is made: a page of many layers is never
+// held whole.
+void writeHtmlPage(std::ostream& out, const PageData& data);
 
 }  // namespace app

@@ -9,12 +9,10 @@ import os from 'node:os';
 import path from 'node:path';
 import { after, before, describe, test } from 'node:test';
 import { covered, coveredRects, frames, kViewport, launch, open, pixels, press, settle, view } from './browser.mjs';
-import { project, rectangles, sceneCamera, screenIndex, seenAt, viewCamera } from './scene_geometry.mjs';
+import { project, rectangles, rectanglesBetween, sceneCamera, screenIndex, seenAt, viewCamera } from './scene_geometry.mjs';
 
 const kTool = process.env.ORBISETT_HOST;
 const kShots = process.env.ORBISETT_PAGE_SHOTS || fs.mkdtempSync(path.join(os.tmpdir(), 'orbisett-shots-'));
-// The page's colours for faces: front light, back dark, copies warm.
-const kFaces = { front: '#a9cbef', back: '#56697f', copyFront: '#f3cf9b', copyBack: '#8c6a43' };
 // Through the scene's camera the page fits the composition's frame into this much of the canvas.
 const kCameraViewFill = 0.8;
 
@@ -33,6 +31,14 @@ function runTool(args) {
 
 function readJson(file) {
   return JSON.parse(fs.readFileSync(file, 'utf8'));
+}
+
+// The data the tool wrote into a page.
+function pageData(file) {
+  const html = fs.readFileSync(file, 'utf8');
+  const open = '<script type="application/json" id="scene-data">';
+  const from = html.indexOf(open) + open.length;
+  return JSON.parse(html.slice(from, html.indexOf('</script>', from)));
 }
 
 // The page of a run, the scene after it and the scene before it (the same run without Apply).
@@ -90,8 +96,8 @@ async function compare(page, camera, rects, shot, scene) {
   samples.forEach((s, i) => {
     const block = got.slice(i * kOffsets.length, (i + 1) * kOffsets.length);
     const agreeing = block.filter((c) => (s.want === 'nothing'
-      ? !Object.values(kFaces).some((hex) => near(c, rgb(hex)))
-      : near(c, rgb(kFaces[s.want])))).length;
+      ? !Object.values(faces).some((hex) => near(c, rgb(hex)))
+      : near(c, rgb(faces[s.want])))).length;
     if (agreeing < 0.6 * kOffsets.length) {
       failed.push(`${s.what} at (${s.x.toFixed(0)}, ${s.y.toFixed(0)}): wanted ${s.want}, saw rgb(${block[kMiddle]})`);
     }
@@ -99,12 +105,25 @@ async function compare(page, camera, rects, shot, scene) {
   return { cards: samples.filter((s) => s.want !== 'nothing').length, empty: samples.filter((s) => s.want === 'nothing').length, failed };
 }
 
+// A clock the tests can hold: while window.heldTime is a number the page's clock and its animation
+// frames read it, so that a move stands still at a chosen moment; otherwise the real time.
+function installClock() {
+  const realNow = performance.now.bind(performance);
+  const realFrame = window.requestAnimationFrame.bind(window);
+  performance.now = () => window.heldTime ?? realNow();
+  window.requestAnimationFrame = (callback) => realFrame((now) => callback(window.heldTime ?? now));
+}
+
 let chromium;
 let demo;
+// The colours the page paints faces with: front light, back dark, copies warm.
+let faces;
 
 before(async () => {
   chromium = await launch();
   demo = makePage('demo', []);
+  const { palette } = pageData(demo.file);
+  faces = { front: palette.front, back: palette.back, copyFront: palette.copyFront, copyBack: palette.copyBack };
 });
 
 after(async () => {
@@ -116,12 +135,14 @@ describe('the demo page', () => {
   let page;
   let errors;
   before(async () => {
-    ({ page, errors } = await open(chromium.browser, demo.file));
+    ({ page, errors } = await open(chromium.browser, demo.file, { beforeLoad: installClock }));
   });
 
   test('loads without an error and shows every 3D layer', async () => {
     assert.deepEqual(errors, []);
     assert.equal(await page.evaluate(() => window.orbisettPage.layerCount), rectangles(demo.after).length);
+    // The frame rate, with its separator, comes only once it is measured.
+    assert.match(await page.$eval('#legend .keys', (e) => e.textContent), /\/: find$/);
   });
 
   for (const [name, minimum] of [['front', 8], ['top', 3], ['camera', 8]]) {
@@ -223,15 +244,71 @@ describe('the demo page', () => {
     const now = await compare(page, camera, rectangles(demo.after), 'demo-front-after.png', demo.after);
     assert.deepEqual(now.failed, []);
   });
+
+  test('pressed again during a move, "Before" / "After" turns the cards back from where they are', async () => {
+    await press(page, '[data-view="front"]');
+    const camera = viewCamera(await view(page));
+    const hold = (time) => page.evaluate((t) => { window.heldTime = t; }, time);
+    const state = () => page.evaluate(() => window.orbisettPage.state());
+    const start = await page.evaluate(() => performance.now());
+    // A move takes 900 ms; switched early, halfway and late in it.
+    for (const [i, ms] of [150, 450, 750].entries()) {
+      const t = start + i * 10000;
+      await hold(t);
+      await page.click('[data-state="before"]');
+      await hold(t + ms);
+      await frames(page, 2);
+      const was = (await state()).amount;
+      assert.ok(was > 0 && was < 1, `${ms} ms into the move the cards are ${was} of the way`);
+      await page.click('[data-state="after"]');
+      await frames(page, 2);
+      assert.equal((await state()).amount, was, `switched ${ms} ms into the move`);
+      const drawn = await compare(page, camera, rectanglesBetween(demo.before, demo.after, was), `demo-switch-${ms}.png`, demo.after);
+      assert.deepEqual(drawn.failed, [], `switched ${ms} ms into the move`);
+      assert.ok(drawn.cards >= 4, `only ${drawn.cards} cards in plain sight`);
+      await hold(t + ms + 450);
+      await frames(page, 2);
+      const halfway = (await state()).amount;
+      assert.ok(halfway > was && halfway < 1, `450 ms after the switch at ${ms} ms the cards are ${halfway} of the way`);
+      await hold(t + ms + 900);
+      await frames(page, 2);
+      const { shown, amount, moving } = await state();
+      assert.deepEqual({ shown, amount, moving }, { shown: 'after', amount: 1, moving: false });
+    }
+    await hold(undefined);
+    await settle(page);
+  });
 });
 
-test('layers made as copies are marked in warm colours', async () => {
+// Luminance along a rectangle's top edge, a pixel inside it, at points from 15 % to 85 % of its
+// length.
+async function topEdgeLightness(page, camera, rect) {
+  const [c0, c1, , c3] = rect.corners;
+  const at = (u, v) => project(camera, c0.map((c, k) => c + u * (c1[k] - c) + v * (c3[k] - c)));
+  const points = [];
+  for (let i = 0; i <= 60; i += 1) {
+    const u = 0.15 + (0.7 * i) / 60;
+    const edge = at(u, 0);
+    const inward = at(u, 0.1);
+    const step = Math.hypot(inward.x - edge.x, inward.y - edge.y);
+    points.push({ x: edge.x + (inward.x - edge.x) / step, y: edge.y + (inward.y - edge.y) / step });
+  }
+  return (await pixels(page, points)).map(([r, g, b]) => 0.299 * r + 0.587 * g + 0.114 * b);
+}
+
+test('layers made as copies are marked in warm colours; a layer without a source is dashed on its back too', async () => {
+  const plates = [0, 1, 2].map((i) => ({
+    name: `Plate ${i + 1}`, type: 'av', three_d: true, source: { width: 500, height: 300 },
+    position: [600 + 360 * i, 540, 0], scale: [100, 100, 100], orientation: [0, 0, 0], rotation: [0, 0, 0], selected: true,
+  }));
+  // Not selected, so the run leaves it showing its back to the front view.
+  const note = {
+    name: 'Note', type: 'text', three_d: true, position: [600, 200, 0], scale: [80, 80, 100],
+    orientation: [0, 180, 0], rotation: [0, 0, 0], selected: false,
+  };
   const scene = {
     comp: { name: 'Copies', width: 1920, height: 1080 },
-    layers: [0, 1, 2].map((i) => ({
-      name: `Plate ${i + 1}`, type: 'av', three_d: true, source: { width: 500, height: 300 },
-      position: [600 + 360 * i, 540, 0], scale: [100, 100, 100], orientation: [0, 0, 0], rotation: [0, 0, 0], selected: true,
-    })),
+    layers: [...plates, note],
     settings: { EDIT_DIM_X: 2400, EDIT_DIM_Y: 400, EDIT_DIM_Z: 2400, EDIT_MIN_LONGITUDE: 30, CHECK_REPEAT_LAYERS: true, EDIT_REPEAT_COUNT: 2 },
   };
   const file = path.join(work, 'copies-scene.json');
@@ -243,7 +320,14 @@ test('layers made as copies are marked in warm colours', async () => {
   const result = await compare(page, viewCamera(await view(page)), rectangles(run.after), 'copies-front.png', run.after);
   assert.deepEqual(errors, []);
   assert.deepEqual(result.failed, []);
-  assert.ok(result.cards >= 3, `only ${result.cards} cards in plain sight`);
+  assert.ok(result.cards >= 4, `only ${result.cards} cards in plain sight`);
+  // Dashes lighter than the dark back face, and gaps between them.
+  const rect = rectangles(run.after).find((r) => r.layer.name === 'Note');
+  const back = rgb(faces.back);
+  const backLightness = 0.299 * back[0] + 0.587 * back[1] + 0.114 * back[2];
+  const edge = await topEdgeLightness(page, viewCamera(await view(page)), rect);
+  const dashed = edge.filter((l) => l > backLightness + 60).length / edge.length;
+  assert.ok(dashed > 0.25 && dashed < 0.8, `${(100 * dashed).toFixed(0)} % of the edge light: ${edge.map((l) => l.toFixed(0)).join(' ')}`);
   await page.close();
 });
 

@@ -52,6 +52,17 @@ export function rectangles(scene) {
   });
 }
 
+// The rectangles `amount` of the way from `before` (0) to `after` (1), each corner on the straight
+// line between its two places, as the page moves them; both scenes hold the same layers.
+export function rectanglesBetween(before, after, amount) {
+  const was = rectangles(before);
+  return rectangles(after).map((rect, i) => {
+    const corners = rect.corners.map((c, k) => add(mul(1 - amount, was[i].corners[k]), mul(amount, c)));
+    const normal = unit(cross(sub(corners[3], corners[0]), sub(corners[1], corners[0])));
+    return { ...rect, corners, centre: mul(0.5, add(corners[0], corners[2])), normal };
+  });
+}
+
 // A camera of the page's view description: eye, target, up, vertical angle of view, canvas size.
 export function viewCamera(view) {
   const forward = unit(sub(view.target, view.eye));

@@ -1,5 +1,5 @@
-// The side panel with a chosen layer's values, and the name shown under the pointer.
-import { isCopy } from './scene_data.js';
+// The side panel with a chosen layer's values, and the name shown under the pointer; a layer as
+// Layers.layer() gives it.
 
 const kRows = [
   ['Position', (v) => v.position],
@@ -38,7 +38,7 @@ const kRuns = {
 
 function describeRun(layer) {
   const run = kRuns[layer.run] ?? '';
-  return isCopy(layer) ? `Made by the run as a copy of layer ${layer.copy_of} of the scene; ${run.toLowerCase()}` : run;
+  return layer.copyOf !== undefined ? `Made by the run as a copy of layer ${layer.copyOf} of the scene; ${run.toLowerCase()}` : run;
 }
 
 function keyLine(keys) {
@@ -66,7 +66,7 @@ export class Details {
     close.dataset.close = '';
     close.title = 'Close (Esc)';
     body.append(close, element(doc, 'h2', layer.name), element(doc, 'p', describeKind(layer), 'meta'));
-    body.append(element(doc, 'p', describeRun(layer), isCopy(layer) ? 'meta copy' : 'meta'));
+    body.append(element(doc, 'p', describeRun(layer), layer.copyOf !== undefined ? 'meta copy' : 'meta'));
     const table = element(doc, 'table');
     const head = element(doc, 'tr');
     head.append(element(doc, 'th'), element(doc, 'th', 'before'), element(doc, 'th', 'after'));
@@ -75,8 +75,8 @@ export class Details {
       const row = element(doc, 'tr');
       row.append(
         element(doc, 'th', label),
-        element(doc, 'td', triple(pick(layer.before_values))),
-        element(doc, 'td', triple(pick(layer.values))),
+        element(doc, 'td', triple(pick(layer.before))),
+        element(doc, 'td', triple(pick(layer.after))),
       );
       table.append(row);
     }

@@ -6,7 +6,7 @@
 // shader moves between them. Corners come from the tool; nothing is turned here.
 import { BufferAttribute, BufferGeometry, Mesh } from 'three';
 import { kLookCopy, kLookNoSource, layerMaterial } from './layer_shader.js';
-import { isCopy } from './scene_data.js';
+import { kCornerNumbers } from './scene_data.js';
 
 // The two ways of drawing a layer: the layer coordinates of their vertices, and for two
 // triangles which vertices make them, wound so that the side facing the viewer is the front
@@ -15,13 +15,13 @@ import { isCopy } from './scene_data.js';
 const kTwoTriangles = { corners: [0, 0, 1, 0, 1, 1, 0, 1], index: [0, 3, 1, 1, 3, 2] };
 const kOneTriangle = { corners: [0, 0, 0, 2, 2, 0], index: null };
 
-// A layer's triangle from its four corners (12 numbers each, a rectangle, so that the fourth
-// corner is the second and the last less the first).
+// A layer's triangle from its four corners (a rectangle, so that the fourth corner is the second
+// and the last less the first).
 function oneTriangle(corners) {
-  const count = corners.length / 12;
+  const count = corners.length / kCornerNumbers;
   const out = new Float32Array(count * 9);
   for (let i = 0; i < count; i += 1) {
-    const c = i * 12;
+    const c = i * kCornerNumbers;
     const t = i * 9;
     for (let k = 0; k < 3; k += 1) {
       const first = corners[c + k];
@@ -33,16 +33,16 @@ function oneTriangle(corners) {
   return out;
 }
 
-function layerGeometry(layers, corners, shape) {
-  const count = layers.length;
+function layerGeometry(layers, shape) {
+  const { count, corners } = layers;
   const perLayer = shape.corners.length / 2;
   const geometry = new BufferGeometry();
   const corner = new Uint8Array(count * perLayer * 2);
   const look = new Uint8Array(count * perLayer);
-  layers.forEach((layer, i) => {
+  for (let i = 0; i < count; i += 1) {
     corner.set(shape.corners, i * perLayer * 2);
-    look.fill((isCopy(layer) ? kLookCopy : 0) + (layer.source ? 0 : kLookNoSource), i * perLayer, (i + 1) * perLayer);
-  });
+    look.fill((layers.isCopy(i) ? kLookCopy : 0) + (layers.hasSource(i) ? 0 : kLookNoSource), i * perLayer, (i + 1) * perLayer);
+  }
   if (shape.index) {
     const index = count * 4 > 65535 ? new Uint32Array(count * 6) : new Uint16Array(count * 6);
     for (let i = 0; i < count; i += 1) {
@@ -62,11 +62,11 @@ function layerGeometry(layers, corners, shape) {
 }
 
 export class LayerMesh {
-  // `corners` holds both states' corners; `bounds` is a sphere holding the layers in both.
-  constructor(layers, corners, bounds, { oneTriangleEach }) {
-    const geometry = layerGeometry(layers, corners, oneTriangleEach ? kOneTriangle : kTwoTriangles);
+  // `bounds` is a sphere holding the layers in both states.
+  constructor(layers, bounds, { oneTriangleEach, palette }) {
+    const geometry = layerGeometry(layers, oneTriangleEach ? kOneTriangle : kTwoTriangles);
     geometry.boundingSphere = bounds.clone();
-    this.faces = new Mesh(geometry, layerMaterial({ oneTriangleEach }));
+    this.faces = new Mesh(geometry, layerMaterial({ oneTriangleEach, palette }));
   }
 
   // Places the layers `amount` of the way from where the scene had them (0) to where the run put

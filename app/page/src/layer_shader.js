@@ -2,8 +2,8 @@
 // and back dark, copies warm, with an outline about a pixel wide along its edges, dashed for layers
 // without a source. Drawing the outline here keeps every layer to one or two triangles and all to
 // one draw call. Kept short: a software renderer runs it for every pixel of every layer.
-import { DoubleSide, ShaderMaterial, Vector3 } from 'three';
-import { palette } from './palette.js';
+import { DoubleSide, ShaderMaterial } from 'three';
+import { canvasColour } from './palette.js';
 
 // The `look` attribute: 1 for a copy, plus 2 for a layer without a source.
 export const kLookCopy = 1;
@@ -34,6 +34,8 @@ uniform vec3 edge;
 uniform vec3 copyFront;
 uniform vec3 copyBack;
 uniform vec3 copyEdge;
+uniform vec3 backDash;
+uniform vec3 copyBackDash;
 varying vec2 vCorner;
 flat varying float vCopy;
 flat varying float vDashed;
@@ -50,25 +52,26 @@ void main() {
   // A layer only a few pixels across shows its face rather than a blot of outline.
   float line = (1.0 - smoothstep(0.6, 1.4, min(toEdge.x, toEdge.y))) *
     smoothstep(4.0, 8.0, 1.0 / max(perPixel.x, perPixel.y));
-  // Dashes run along the nearer edge.
+  // Dashes run along the nearer edge. On a front face the face shows between them; on a dark back
+  // face they are light, with the outline between them, so that the edge holds against the face
+  // and the background alike.
   float along = toEdge.x < toEdge.y ? vCorner.y / perPixel.y : vCorner.x / perPixel.x;
-  line *= 1.0 - vDashed * step(0.55, fract(along / ${kDashPeriod.toFixed(1)}));
+  float dash = vDashed * (1.0 - step(0.55, fract(along / ${kDashPeriod.toFixed(1)})));
   vec3 face = gl_FrontFacing ? mix(front, copyFront, vCopy) : mix(back, copyBack, vCopy);
-  gl_FragColor = vec4(mix(face, mix(edge, copyEdge, vCopy), line), 1.0);
+  vec3 ink = mix(edge, copyEdge, vCopy);
+  if (gl_FrontFacing) {
+    line *= 1.0 - vDashed + dash;
+  } else {
+    ink = mix(ink, mix(backDash, copyBackDash, vCopy), dash);
+  }
+  gl_FragColor = vec4(mix(face, ink, line), 1.0);
 }
 `;
 
-// A palette colour as the canvas stores it: the shader writes colours as they are, without the
-// round trip through linear light that other materials take.
-function canvasColour(hex) {
-  const value = parseInt(hex.slice(1), 16);
-  return new Vector3((value >> 16) / 255, ((value >> 8) & 255) / 255, (value & 255) / 255);
-}
-
 // `oneTriangleEach`: each layer is drawn as the corner of a triangle twice its size.
-export function layerMaterial({ oneTriangleEach }) {
+export function layerMaterial({ oneTriangleEach, palette }) {
   const uniforms = { toAfter: { value: 1 } };
-  for (const name of ['front', 'back', 'edge', 'copyFront', 'copyBack', 'copyEdge']) {
+  for (const name of ['front', 'back', 'edge', 'copyFront', 'copyBack', 'copyEdge', 'backDash', 'copyBackDash']) {
     uniforms[name] = { value: canvasColour(palette[name]) };
   }
   const defines = oneTriangleEach ? { ONE_TRIANGLE_EACH: '' } : {};

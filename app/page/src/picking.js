@@ -1,10 +1,10 @@
 // Which layer is under a point of the canvas: the nearest layer rectangle that the ray through the
 // point crosses, with the layers where they are shown.
 import { Raycaster, Vector2 } from 'three';
-import { cornersAt } from './scene_data.js';
+import { cornersAt, kCornerNumbers } from './scene_data.js';
 
 export class Picker {
-  // `corners` holds both states' corners (12 numbers a layer).
+  // `corners` holds both states' corners.
   constructor(camera, corners, canvas) {
     this.camera = camera;
     this.corners = corners;
@@ -35,7 +35,7 @@ function nearestCrossed(origin, direction, corners, amount) {
   const [dx, dy, dz] = direction;
   let nearest = -1;
   let distance = Infinity;
-  for (let i = 0, c = 0; c < shown.length; i += 1, c += 12) {
+  for (let i = 0, c = 0; c < shown.length; i += 1, c += kCornerNumbers) {
     const x0 = shown[c];
     const y0 = shown[c + 1];
     const z0 = shown[c + 2];

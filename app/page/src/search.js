@@ -1,10 +1,10 @@
 // Finding layers by name: every layer whose name holds the typed text, case aside; Enter goes to
 // the next one.
 export class Search {
-  constructor(input, result, layers, onFound) {
+  constructor(input, result, names, onFound) {
     this.input = input;
     this.result = result;
-    this.names = layers.map((layer) => layer.name.toLowerCase());
+    this.names = names.map((name) => name.toLowerCase());
     this.matches = [];
     this.next = 0;
     input.addEventListener('input', () => this.update());

@@ -10,12 +10,11 @@ import {
   PerspectiveCamera,
   Vector3,
 } from 'three';
-import { palette } from './palette.js';
 
 const kOutlineSegments = 96;
 
 // The frame at depth 0, where a 2D layer of the composition's size would lie.
-function compFrame(comp) {
+function compFrame(comp, palette) {
   const corners = [
     new Vector3(0, 0, 0),
     new Vector3(comp.width, 0, 0),
@@ -27,7 +26,7 @@ function compFrame(comp) {
 
 // The surface as the SVG preview draws it: the rims at its top and bottom (one ellipse when they
 // meet, for the equator and the ring) and its axis.
-function surfaceOutline(surface) {
+function surfaceOutline(surface, palette) {
   const [cx, , cz] = surface.centre;
   const ring = new EllipseCurve(cx, cz, surface.half_x, surface.half_z).getPoints(kOutlineSegments);
   const points = [];
@@ -63,7 +62,7 @@ export function cameraOfScene(sceneCamera, comp, aspect = comp.width / comp.heig
 
 // The camera's pyramid: lines from the eye to the corners of the plane where the composition's
 // frame fills its view, and a small outline of its view near the eye.
-function cameraMarker(sceneCamera, comp) {
+function cameraMarker(sceneCamera, comp, palette) {
   const camera = cameraOfScene(sceneCamera, comp);
   const corners = (z) => [[-1, -1], [1, -1], [1, 1], [-1, 1]].map(([x, y]) => new Vector3(x, y, z).unproject(camera));
   const far = corners(1);
@@ -77,11 +76,11 @@ function cameraMarker(sceneCamera, comp) {
 // the scene has no camera).
 export function surroundings(data) {
   const group = new Group();
-  group.add(compFrame(data.comp));
+  group.add(compFrame(data.comp, data.palette));
   if (data.surface.centre) {
-    group.add(surfaceOutline(data.surface));
+    group.add(surfaceOutline(data.surface, data.palette));
   }
-  const marker = data.camera && data.camera.name ? cameraMarker(data.camera, data.comp) : null;
+  const marker = data.camera && data.camera.name ? cameraMarker(data.camera, data.comp, data.palette) : null;
   if (marker) {
     group.add(marker);
   }

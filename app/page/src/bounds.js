@@ -1,0 +1,22 @@
+// What the views frame: both states of every layer, the composition's frame and the surface.
+import { Box3, Sphere, Vector3 } from 'three';
+
+// The box around what the views frame (`box`), the sphere `fit` around it, and a sphere around
+// all that is drawn, the camera too (`extent`).
+export function sceneBounds(data) {
+  const { corners } = data.layers;
+  const box = new Box3().setFromArray(corners.before).union(new Box3().setFromArray(corners.after));
+  box.expandByPoint(new Vector3(0, 0, 0)).expandByPoint(new Vector3(data.comp.width, data.comp.height, 0));
+  if (data.surface.centre) {
+    const [x, , z] = data.surface.centre;
+    box.expandByPoint(new Vector3(x - data.surface.half_x, data.surface.top, z - data.surface.half_z));
+    box.expandByPoint(new Vector3(x + data.surface.half_x, data.surface.bottom, z + data.surface.half_z));
+  }
+  const fit = box.getBoundingSphere(new Sphere());
+  fit.radius = Math.max(fit.radius, 1);
+  const all = box.clone();
+  if (data.camera && data.camera.name) {
+    all.expandByPoint(new Vector3().fromArray(data.camera.position));
+  }
+  return { box, fit, extent: all.getBoundingSphere(new Sphere()).union(fit) };
+}
