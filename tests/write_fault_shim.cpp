@@ -1,16 +1,13 @@
 // Preloaded into orbisett-host by the write-fault sweep. It counts the calls that put the tool's
-// outputs on disk or on screen -- making a file in the folder ORBISETT_FAULT_DIR and setting its
-// rights, every write, sync and close of it, its rename, and every write to standard output and
-// error -- logs each as "KIND<tab>ERRNO<tab>BYTES<tab>NAME" (BYTES for writes), and makes the one
-// numbered ORBISETT_FAULT_AT fail with ERRNO.
+// outputs on disk or on screen -- making a file in the folder ORBISETT_FAULT_DIR, every write,
+// sync and close of it, its rename, and every write to standard output and error -- logs each as "KIND ERRNO BYTES
+// NAME" (BYTES for writes), and makes the one numbered ORBISETT_FAULT_AT fail with ERRNO.
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -41,19 +38,17 @@ std::string nameOf(int fd) {
 // with errno set.
 bool fails(const char* kind, int error, const std::string& name, size_t bytes = 0) {
     static const char* fault_at = std::getenv("ORBISETT_FAULT_AT");
-    static const int log = ::open(std::getenv("ORBISETT_FAULT_LOG"), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
+    static const int log = ::open(std::getenv("ORBISETT_FAULT_LOG"), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     static long calls = 0;
     if (name.empty()) {
         return false;
     }
     const std::string line =
-        std::string(kind) + "\t" + std::to_string(error) + "\t" + std::to_string(bytes) + "\t" + name + "\n";
+        std::string(kind) + " " + std::to_string(error) + " " + std::to_string(bytes) + " " + name + "\n";
     ::syscall(SYS_write, log, line.data(), line.size());
-    if (++calls != std::atol(fault_at != nullptr ? fault_at : "0")) {
-        return false;
-    }
-    errno = error;
-    return true;
+    const bool failing = ++calls == std::atol(fault_at != nullptr ? fault_at : "0");
+    errno = failing ? error : errno;
+    return failing;
 }
 
 }  // namespace
@@ -61,10 +56,6 @@ bool fails(const char* kind, int error, const std::string& name, size_t bytes = 
 extern "C" {
 
 int mkstemp(char* name) { return fails("create", EACCES, watched(name)) ? -1 : real<int (*)(char*)>("mkstemp")(name); }
-
-int fchmod(int fd, mode_t mode) {
-    return fails("chmod", EPERM, nameOf(fd)) ? -1 : real<int (*)(int, mode_t)>("fchmod")(fd, mode);
-}
 
 ssize_t write(int fd, const void* data, size_t size) {
     return fails("write", ENOSPC, nameOf(fd), size)
@@ -77,8 +68,7 @@ int fsync(int fd) { return fails("sync", EIO, nameOf(fd)) ? -1 : real<int (*)(in
 // A failed close has closed the file all the same, as the system does.
 int close(int fd) {
     const bool failing = fd > STDERR_FILENO && fails("close", EDQUOT, nameOf(fd));
-    const int result = real<int (*)(int)>("close")(fd);
-    errno = failing ? EDQUOT : errno;
+    const int result = real<int (*)(int)>("close")(fd);  // leaves errno as it is when it succeeds
     return failing ? -1 : result;
 }
 
