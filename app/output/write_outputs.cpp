@@ -66,6 +66,10 @@ Placed place(const OutputFile& file) {
     if (fs::is_directory(status)) {
         refuse(file, "it is a folder");
     }
+    // A file we may not write is not replaced either, though its folder would let us.
+    if (fs::exists(status) && ::access(target.c_str(), W_OK) != 0) {
+        refuse(file, std::strerror(errno));
+    }
     // A device, a pipe or a socket is written to, never renamed over.
     const bool special = !ec && fs::exists(status) && !fs::is_regular_file(status);
     return {&file, target.string(), special};
