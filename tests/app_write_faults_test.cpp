@@ -6,6 +6,7 @@
 #include "app_tool.h"
 
 #include <signal.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <cstring>
