@@ -59,7 +59,7 @@ protected:
     // Runs the tool; `input` is its standard input; standard output goes to `to` when given.
     ToolRun run(const std::vector<std::string>& args, const std::string& input = "", const std::string& to = "") const {
         std::ofstream(path("stdin.txt"), std::ios::binary) << input;
-        std::string command = quoted(ORBISETT_HOST_PATH);
+        std::string command = "exec " + quoted(ORBISETT_HOST_PATH);  // the status is the tool's own
         for (const std::string& a : args) {
             command += " " + quoted(a);
         }

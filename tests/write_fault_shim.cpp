@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <string>
 
@@ -17,6 +18,8 @@ template <class F>
 F real(const char* name) {
     return reinterpret_cast<F>(::dlsym(RTLD_NEXT, name));
 }
+
+long setting(const char* name) { return std::getenv(name) != nullptr ? std::atol(std::getenv(name)) : 0; }
 
 // The path when it is in the watched folder, else empty.
 std::string watched(const std::string& path) {
@@ -37,7 +40,6 @@ std::string nameOf(int fd) {
 // Counts and logs a call on an output (none for an empty name); true when it is the one to fail,
 // with errno set.
 bool fails(const char* kind, int error, const std::string& name, size_t bytes = 0) {
-    static const char* fault_at = std::getenv("ORBISETT_FAULT_AT");
     static const int log = ::open(std::getenv("ORBISETT_FAULT_LOG"), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     static long calls = 0;
     if (name.empty()) {
@@ -46,7 +48,11 @@ bool fails(const char* kind, int error, const std::string& name, size_t bytes = 
     const std::string line =
         std::string(kind) + " " + std::to_string(error) + " " + std::to_string(bytes) + " " + name + "\n";
     ::syscall(SYS_write, log, line.data(), line.size());
-    const bool failing = ++calls == std::atol(fault_at != nullptr ? fault_at : "0");
+    const bool failing = ++calls == setting("ORBISETT_FAULT_AT");
+    if (failing && setting("ORBISETT_FAULT_SIGNAL") != 0) {
+        // The call goes on when the tool holds the signal back.
+        return std::raise(static_cast<int>(setting("ORBISETT_FAULT_SIGNAL"))) != 0;
+    }
     errno = failing ? error : errno;
     return failing;
 }
@@ -57,10 +63,9 @@ extern "C" {
 
 int mkstemp(char* name) { return fails("create", EACCES, watched(name)) ? -1 : real<int (*)(char*)>("mkstemp")(name); }
 
+using Write = ssize_t (*)(int, const void*, size_t);
 ssize_t write(int fd, const void* data, size_t size) {
-    return fails("write", ENOSPC, nameOf(fd), size)
-               ? -1
-               : real<ssize_t (*)(int, const void*, size_t)>("write")(fd, data, size);
+    return fails("write", ENOSPC, nameOf(fd), size) ? -1 : real<Write>("write")(fd, data, size);
 }
 
 int fsync(int fd) { return fails("sync", EIO, nameOf(fd)) ? -1 : real<int (*)(int)>("fsync")(fd); }
