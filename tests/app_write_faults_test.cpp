@@ -16,7 +16,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-using apptest::ToolRun;
 
 // One call the shim logged: what it was, the error it fails with, the bytes it writes, its file.
 struct Call {
@@ -46,8 +45,8 @@ protected:
 
     // Runs the tool under the shim, failing its `fault_at`-th call (none for 0), or raising `signal`
     // there; `calls` gets its log.
-    ToolRun runFaulted(const std::vector<std::string>& args, std::size_t fault_at, int signal,
-                       std::vector<Call>* calls = nullptr) const {
+    apptest::ToolRun runFaulted(const std::vector<std::string>& args, std::size_t fault_at, int signal,
+                                std::vector<Call>* calls = nullptr) const {
         const std::string asan = std::getenv("ASAN_OPTIONS") ? std::getenv("ASAN_OPTIONS") : "";
         // The shell that starts the tool loads the shim too, but makes none of the calls it counts.
         // It comes before the sanitizers' own library.
@@ -57,7 +56,7 @@ protected:
         ::setenv("ORBISETT_FAULT_DIR", out("").c_str(), 1);
         ::setenv("ASAN_OPTIONS", ("verify_asan_link_order=0:" + asan).c_str(), 1);
         ::setenv("ORBISETT_FAULT_SIGNAL", std::to_string(signal).c_str(), 1);
-        const ToolRun r = run(line(args));
+        const apptest::ToolRun r = run(line(args));
         ::unsetenv("LD_PRELOAD");
         ::setenv("ASAN_OPTIONS", asan.c_str(), 1);
         std::istringstream lines(apptest::readFile(path("calls.log")));
@@ -91,22 +90,17 @@ protected:
 };
 
 // The output file a logged name belongs to: its temporary file is ".NAME.XXXXXX".
-std::string outputName(const std::string& logged) {
-    const std::string file = fs::path(logged).filename().string();
-    return file.substr(1, file.size() - 8);
-}
+std::string outputName(const std::string& logged) { return fs::path(logged).stem().string().substr(1); }
 
-// The message for the failing call: the option and the file, or the standard stream, and why.
+// The message for the failing call: the standard stream, or the option and the file; and why.
 std::string expectedMessage(const Call& call, const std::vector<std::string>& args, const std::string& file) {
     const std::string why = std::strerror(call.error);
-    if (call.name == "standard-output" || call.name == "standard-error") {
-        return call.name == "standard-error" ? "standard error: " + why
-               : std::find(args.begin(), args.end(), "-") != args.end()
-                   ? "--out -: cannot write to standard output: " + why
-                   : "standard output: " + why;
-    }
-    return *(std::find(args.begin(), args.end(), "@" + outputName(call.name)) - 1) + " " + file +
-           ": cannot write: " + why;
+    const bool scene_printed = std::find(args.begin(), args.end(), "-") != args.end();
+    return call.name == "standard-error"                     ? "standard error: " + why
+           : call.name == "standard-output" && scene_printed ? "--out -: cannot write to standard output: " + why
+           : call.name == "standard-output"                  ? "standard output: " + why
+                                            : *(std::find(args.begin(), args.end(), "@" + outputName(call.name)) - 1) +
+                                                  " " + file + ": cannot write: " + why;
 }
 
 class WriteFaultSweep : public WriteFaults, public ::testing::WithParamInterface<const char*> {};
@@ -115,7 +109,7 @@ TEST_P(WriteFaultSweep, EveryFailingCallIsOneMessageAndReplacesNothing) {
     const std::vector<std::string> args = words(GetParam());
     const std::map<std::string, std::string> earlier = earlierFiles(args);
     std::vector<Call> baseline;
-    const ToolRun done = runFaulted(args, 0, 0, &baseline);
+    const apptest::ToolRun done = runFaulted(args, 0, 0, &baseline);
     ASSERT_TRUE(done.status == 0 && !baseline.empty()) << done.err;
     const std::map<std::string, std::string> written = folder();
     // Replaced files get the rights of a new file.
@@ -129,7 +123,7 @@ TEST_P(WriteFaultSweep, EveryFailingCallIsOneMessageAndReplacesNothing) {
             SCOPED_TRACE(::testing::Message()
                          << failing.kind << " " << failing.name << " #" << k << " signal " << signal);
             earlierFiles(args);
-            const ToolRun r = runFaulted(args, k, signal);
+            const apptest::ToolRun r = runFaulted(args, k, signal);
             std::map<std::string, std::size_t> printed;
             std::map<std::string, std::string> expected = earlier;
             for (std::size_t i = 0; i < k; ++i) {
@@ -182,7 +176,7 @@ TEST_F(WriteFaults, FullDevicesFoldersAndLinksThatLeadNowhere) {
     };
     for (const auto& [args, message] : cases) {
         const std::map<std::string, std::string> earlier = earlierFiles(args);
-        const ToolRun r = run(line(args), "", "/dev/full");
+        const apptest::ToolRun r = run(line(args), "", "/dev/full");
         EXPECT_EQ(std::to_string(r.status) + " " + r.err, "2 orbisett-host: " + message + "\n");
         EXPECT_EQ(folder(), earlier) << message;
     }
