@@ -6,6 +6,7 @@
 // the message, when the tool is interrupted at each of those calls.
 #include "app_tool.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/stat.h>
 
@@ -163,6 +164,7 @@ TEST_F(WriteFaults, FullDevicesFoldersAndLinksThatLeadNowhere) {
         {words("--quiet --out /dev/full"), "--out /dev/full: cannot write: " + full},
         {words("--out - --json-report @r.json"), "--out -: cannot write to standard output: " + full},
         {words("--json-report @r.json --html @page.html"), "standard output: " + full},
+        {words("--list-controls"), "standard output: " + full},
         {{"--out", "@ok.json", "--json-report", path("")},
          "--json-report " + path("") + ": cannot write: it is a folder"},
         // A dangling link followed into a folder that does not exist.
@@ -180,6 +182,22 @@ TEST_F(WriteFaults, FullDevicesFoldersAndLinksThatLeadNowhere) {
         EXPECT_EQ(std::to_string(r.status) + " " + r.err, "2 orbisett-host: " + message + "\n");
         EXPECT_EQ(folder(), earlier) << message;
     }
+}
+
+// A dangling link is written through; a pipe is written to, never replaced.
+TEST_F(WriteFaults, LinksAndPipesAreWrittenThrough) {
+    earlierFiles({});
+    fs::create_symlink("made.json", out("link.json"));
+    ASSERT_EQ(::mkfifo(out("pipe").c_str(), 0600), 0);
+    const int reader = ::open(out("pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    const apptest::ToolRun r = run(line(words("--quiet --out @link.json --json-report @pipe")));
+    EXPECT_EQ(r.status, 0) << r.err;
+    char received[4096] = {};
+    EXPECT_GT(::read(reader, received, sizeof received - 1), 0);
+    ::close(reader);
+    EXPECT_NE(std::string(received).find("\"status\": 0"), std::string::npos) << received;
+    EXPECT_TRUE(fs::is_symlink(out("link.json")) && fs::is_fifo(out("pipe")));
+    EXPECT_NE(apptest::readFile(out("made.json")).find("\"layers\""), std::string::npos);
 }
 
 }  // namespace
