@@ -1,6 +1,7 @@
 // orbisett-host: runs the plug-in in the host stand-in on a scene, as a user would, and reports.
 #include "app/drawing/preview_picture.h"
 #include "app/output/output_files.h"
+#include "app/output/write_outputs.h"
 #include "app/report/layer_table.h"
 #include "app/report/run_report.h"
 #include "app/run/app_error.h"
@@ -9,8 +10,10 @@
 #include "app/run/session.h"
 #include "host/scene_file.h"
 
+#include <exception>
 #include <iostream>
 #include <optional>
+#include <string>
 
 #ifndef ORBISETT_PLUGIN_PATH
 #define ORBISETT_PLUGIN_PATH ""
@@ -33,43 +36,62 @@ int run(const app::Options& options) {
         app::addPreviewWarnings(report, *preview);
     }
     const int status = report.failures.empty() ? kDone : kFailure;
-    // Every file first: when one cannot be written, nothing is, and nothing is printed but why.
-    app::writeAll(app::outputFiles(options, result, outcome, preview ? &preview->svg : nullptr,
-                                   app::summaryJson(report, status)));
-
-    const bool scene_to_stdout = options.out == app::kStandardStream;
+    std::vector<app::OutputFile> outputs =
+        app::outputFiles(options, result, outcome, preview ? &preview->svg : nullptr, app::summaryJson(report, status));
     if (!options.quiet) {
-        std::ostream& table = scene_to_stdout ? std::cerr : std::cout;
+        const bool scene_to_stdout = options.out == app::kStandardStream;
         const std::vector<host::Id> none;
-        table << app::layerTable(result.before(), result.host->project(),
-                                 report.stopped_after ? none : outcome.not_reached)
-              << app::summaryText(report);
+        outputs.push_back(
+            app::printedText(scene_to_stdout ? app::Destination::standard_error : app::Destination::standard_output,
+                             app::layerTable(result.before(), result.host->project(),
+                                             report.stopped_after ? none : outcome.not_reached) +
+                                 app::summaryText(report)));
     }
-    if (scene_to_stdout) {
-        host::writeScene(*result.host, std::cout, result.settings);
-        std::cout << std::flush;
-    }
+    std::string failures;
     for (const std::string& failure : report.failures) {
-        std::cerr << "orbisett-host: " << failure << "\n";
+        failures += "orbisett-host: " + failure + "\n";
     }
+    if (!failures.empty()) {
+        outputs.push_back(app::printedText(app::Destination::standard_error, std::move(failures)));
+    }
+    // What is printed is written before any file is renamed: when anything cannot be written,
+    // nothing is replaced, and nothing is printed but why.
+    app::writeAll(outputs);
     return status;
+}
+
+// What is printed without a run: help, the version, the list of controls.
+int print(app::Destination destination, std::string text, int status) {
+    app::writeAll({app::printedText(destination, std::move(text))});
+    return status;
+}
+
+int runCommandLine(int argc, char** argv) {
+    app::ParseExit parse_exit;
+    const std::optional<app::Options> options = app::parseOptions(argc, argv, ORBISETT_PLUGIN_PATH, parse_exit);
+    if (!options) {
+        return print(parse_exit.to_error ? app::Destination::standard_error : app::Destination::standard_output,
+                     parse_exit.text, parse_exit.status);
+    }
+    if (options->list_controls) {
+        return print(app::Destination::standard_output, app::controlList(), kDone);
+    }
+    return run(*options);
+}
+
+// One line, whatever the text holds.
+std::string oneLine(std::string text) {
+    for (char& c : text) {
+        c = c == '\n' || c == '\r' ? ' ' : c;
+    }
+    return text;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    app::ParseExit parse_exit;
-    const std::optional<app::Options> options = app::parseOptions(argc, argv, ORBISETT_PLUGIN_PATH, parse_exit);
-    if (!options) {
-        (parse_exit.to_error ? std::cerr : std::cout) << parse_exit.text;
-        return parse_exit.status;
-    }
-    if (options->list_controls) {
-        std::cout << app::controlList();
-        return kDone;
-    }
     try {
-        return run(*options);
+        return runCommandLine(argc, argv);
     } catch (const app::AppError& e) {
         std::cerr << "orbisett-host: " << e.what() << "\n";
         return kBadInput;
@@ -78,6 +100,12 @@ int main(int argc, char** argv) {
         for (const std::string& report : e.reports) {
             std::cerr << "orbisett-host: " << report << "\n";
         }
+        return kFailure;
+    } catch (const std::exception& e) {
+        std::cerr << "orbisett-host: internal error, a fault of this tool: " << oneLine(e.what()) << "\n";
+        return kFailure;
+    } catch (...) {
+        std::cerr << "orbisett-host: internal error, a fault of this tool: an unknown exception\n";
         return kFailure;
     }
 }

@@ -1,11 +1,7 @@
 // Exit statuses of the built tool: bad input (2) gives one message naming the file and place or
-// the option and writes nothing; a failure the plug-in or the host reported (3) is printed; and
-// outputs are all or nothing.
+// the option and writes nothing; a failure the plug-in or the host reported (3) is printed.
+// Outputs that cannot be written have their own tests (app_write_faults_test.cpp).
 #include "app_tool.h"
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
 
@@ -101,63 +97,6 @@ TEST_F(Failures, FailuresBeforeTheDialogWriteNothingAndAStoppedApplyIsReportedWi
     EXPECT_EQ(report["status"], 3);
     EXPECT_EQ(report["failures"].size(), 1u);
     EXPECT_EQ(json::parse(apptest::readFile(path("after.json")))["layers"].size(), 3u);
-}
-
-class AllOrNothing : public apptest::ToolTest {
-protected:
-    const std::string before = "{\"kept\": true}\n";
-    std::vector<std::string> leftovers() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(dir())) {
-            if (entry.path().filename().string().front() == '.') {
-                names.push_back(entry.path().filename().string());
-            }
-        }
-        return names;
-    }
-};
-
-TEST_F(AllOrNothing, AFailingLaterOutputLeavesTheEarlierFileAsItWas) {
-    const std::string ok = path("ok.json");
-    std::ofstream(ok, std::ios::binary) << before;
-    const std::string scene = writeScene("s.json", cardScene(2));
-    const apptest::ToolRun missing = run({scene, "--out", ok, "--preview", path("no/such/folder/p.svg")});
-    EXPECT_EQ(missing.status, 2);
-    EXPECT_EQ(missing.err, "orbisett-host: --preview " + path("no/such/folder/p.svg") +
-                               ": cannot write: No such file or directory (the folder " + path("no/such/folder") +
-                               " does not exist)\n");
-    EXPECT_TRUE(missing.out.empty());
-    std::filesystem::create_directory(path("taken"));
-    const apptest::ToolRun folder = run({scene, "--out", ok, "--json-report", path("taken")});
-    EXPECT_EQ(folder.err, "orbisett-host: --json-report " + path("taken") + ": cannot write: it is a folder\n");
-    EXPECT_EQ(apptest::readFile(ok), before);
-    EXPECT_EQ(leftovers(), std::vector<std::string>{});
-    // With every output writable, all are replaced.
-    ASSERT_EQ(run({scene, "--out", ok, "--json-report", path("r.json")}).status, 0);
-    EXPECT_NE(apptest::readFile(ok), before);
-    EXPECT_TRUE(std::filesystem::exists(path("r.json")));
-    // A replaced file gets the rights of a new file, not those of the temporary one.
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    struct stat written {};
-    ASSERT_EQ(::stat(ok.c_str(), &written), 0);
-    EXPECT_EQ(written.st_mode & 0777, 0666 & ~mask);
-}
-
-TEST_F(AllOrNothing, APipeNamedAsAnOutputIsWrittenToNotReplaced) {
-    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
-    const int reader = ::open(path("pipe").c_str(), O_RDONLY | O_NONBLOCK);
-    ASSERT_GE(reader, 0);
-    const apptest::ToolRun r = run({writeScene("s.json", cardScene(1)), "--json-report", path("pipe")});
-    EXPECT_EQ(r.status, 0) << r.err;
-    std::string received;
-    char buffer[4096];
-    for (ssize_t n; (n = ::read(reader, buffer, sizeof buffer)) > 0;) {
-        received.append(buffer, static_cast<std::size_t>(n));
-    }
-    ::close(reader);
-    EXPECT_TRUE(std::filesystem::is_fifo(path("pipe")));
-    EXPECT_NE(received.find("\"status\": 0"), std::string::npos) << received;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -40,9 +41,9 @@ inline std::string quoted(const std::string& arg) {
 class ToolTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        dir_ =
-            std::filesystem::temp_directory_path() / ("orbisett-app-" + std::to_string(::getpid()) + "-" +
-                                                      ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::string name = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+        std::replace(name.begin(), name.end(), '/', '-');  // a parameterized test's name
+        dir_ = std::filesystem::temp_directory_path() / ("orbisett-app-" + std::to_string(::getpid()) + "-" + name);
         std::filesystem::remove_all(dir_);
         std::filesystem::create_directories(dir_);
     }
@@ -55,19 +56,19 @@ protected:
         return path(name);
     }
 
-    // Runs the tool; `input` is its standard input.
-    ToolRun run(const std::vector<std::string>& args, const std::string& input = "") const {
+    // Runs the tool; `input` is its standard input; standard output goes to `to` when given.
+    ToolRun run(const std::vector<std::string>& args, const std::string& input = "", const std::string& to = "") const {
         std::ofstream(path("stdin.txt"), std::ios::binary) << input;
-        std::string command = quoted(ORBISETT_HOST_PATH);
+        std::string command = "exec " + quoted(ORBISETT_HOST_PATH);  // the status is the tool's own
         for (const std::string& a : args) {
             command += " " + quoted(a);
         }
-        command +=
-            " <" + quoted(path("stdin.txt")) + " >" + quoted(path("stdout.txt")) + " 2>" + quoted(path("stderr.txt"));
+        command += " <" + quoted(path("stdin.txt")) + " >" + quoted(to.empty() ? path("stdout.txt") : to) + " 2>" +
+                   quoted(path("stderr.txt"));
         const int raw = std::system(command.c_str());
         ToolRun result;
         result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-        result.out = readFile(path("stdout.txt"));
+        result.out = to.empty() ? readFile(path("stdout.txt")) : "";
         result.err = readFile(path("stderr.txt"));
         return result;
     }

@@ -31,7 +31,8 @@ Examples:
       standard error)
 
 --list-controls names every control --set takes, with its kind, range and whether the dialog shows it.
-Exit status: 0 done, 2 bad input (nothing written), 3 the plug-in or the host reported a failure.
+Exit status: 0 done, 2 bad input or an output that cannot be written (nothing replaced), 3 the plug-in
+or the host reported a failure, or a fault of this tool.
 )";
 
 // The single-valued options that write files, by their option names.
