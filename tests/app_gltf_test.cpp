@@ -134,7 +134,10 @@ TEST_F(GltfFile, OtherEndingsAreRefusedAndLayersBeyondSinglePrecisionLeftOutWith
     EXPECT_EQ(doc["nodes"][0]["name"], "Card 1");
     EXPECT_EQ(doc["nodes"][1]["name"], "Card 2");
     EXPECT_EQ(doc["nodes"][2]["name"], "Surface and composition frame");
-    EXPECT_EQ(doc["animations"][0]["channels"].size(), 6u);
+    ASSERT_FALSE(doc["animations"][0]["channels"].empty());
+    for (const json& channel : doc["animations"][0]["channels"]) {
+        EXPECT_LT(channel["target"]["node"], 2) << "only the two cards move";
+    }
 }
 
 }  // namespace

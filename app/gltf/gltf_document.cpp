@@ -20,11 +20,17 @@ constexpr int kLines = 1;
 constexpr int kLineLoop = 2;
 constexpr int kTriangles = 4;
 
+// The back face lies this far behind the front, in pixels. Renderers that draw both sides of every
+// face, as path tracers do, then meet the front from in front and the back from behind; on one
+// plane they would meet one of the two from both sides.
+constexpr double kBackBehind = 0.1;
+
 // The quad's corners in the layer's own frame, in the order of the host's corners: top left, top
-// right, bottom right, bottom left as its visible face shows them.
-std::array<Vec3, 4> quadCorners(const LayerQuad& quad) {
+// right, bottom right, bottom left as its visible face shows them; `behind` it, in pixels.
+std::array<Vec3, 4> quadCorners(const LayerQuad& quad, double behind = 0) {
     const double hx = 0.5 * quad.width, hy = 0.5 * quad.height;
-    return {gltfPoint({-hx, -hy, 0}), gltfPoint({hx, -hy, 0}), gltfPoint({hx, hy, 0}), gltfPoint({-hx, hy, 0})};
+    return {gltfPoint({-hx, -hy, behind}), gltfPoint({hx, -hy, behind}), gltfPoint({hx, hy, behind}),
+            gltfPoint({-hx, hy, behind})};
 }
 
 std::vector<float> floats(const std::vector<Vec3>& points) {
@@ -96,6 +102,9 @@ void quadMesh(JsonText& json, const LayerQuad& quad, const QuadParts& parts, Glt
     const std::array<Vec3, 4> corners = quadCorners(quad);
     const int position =
         buffer.addFloats(BufferView::vertices, floats({corners.begin(), corners.end()}), Element::vec3, true);
+    const std::array<Vec3, 4> behind = quadCorners(quad, kBackBehind);
+    const int back_position =
+        buffer.addFloats(BufferView::vertices, floats({behind.begin(), behind.end()}), Element::vec3, true);
     json.beginObject();
     member(json, "name",
            std::to_string(std::lround(quad.width)) + " x " + std::to_string(std::lround(quad.height)) +
@@ -104,7 +113,7 @@ void quadMesh(JsonText& json, const LayerQuad& quad, const QuadParts& parts, Glt
     json.beginArray();
     primitive(json, position, parts.front_normal, parts.front_indices,
               materials.use(quad.copy ? Look::copy_front : Look::front), kTriangles);
-    primitive(json, position, parts.back_normal, parts.back_indices,
+    primitive(json, back_position, parts.back_normal, parts.back_indices,
               materials.use(quad.copy ? Look::copy_back : Look::back), kTriangles);
     const int outline_material = materials.use(quad.copy ? Look::copy_outline : Look::outline);
     if (quad.has_source) {
