@@ -111,7 +111,7 @@ void addLayers(GltfScene& scene, const host::Project& before, const host::Projec
                const RunOutcome& outcome) {
     const std::map<host::Id, host::Id> original_of = originals(outcome);
     std::map<std::tuple<double, double, bool, bool>, std::size_t> quad_of;
-    for (const PlacedLayer& placed : placeLayers(after, comp)) {
+    for (const PlacedLayer& placed : placeLayers(after, comp, outcome.sourceless)) {
         const host::Layer& layer = comp.layers[static_cast<std::size_t>(placed.number - 1)];
         GltfLayer out;
         out.name = placed.name;
@@ -129,7 +129,7 @@ void addLayers(GltfScene& scene, const host::Project& before, const host::Projec
             scene.left_out.push_back(out.name);
             continue;
         }
-        const auto [width, height] = layerSize(after, comp, layer);
+        const auto [width, height] = layerSize(after, layer, outcome.sourceless);
         const LayerQuad quad{width, height, original != original_of.end(), placed.has_source};
         const auto [found, added] =
             quad_of.try_emplace({width, height, quad.copy, quad.has_source}, scene.quads.size());
