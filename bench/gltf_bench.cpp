@@ -32,7 +32,7 @@ void BM_Gltf(benchmark::State& state) {
     options.plugin = ORBISETT_MODULE_PATH;
     platform::reset();
     const app::SessionResult run = app::runSession(options);
-    const app::RunOutcome outcome = app::readRunOutcome(run.before(), *run.host, run.settings);
+    const app::RunOutcome outcome = app::readRunOutcome(run.before(), *run.host, run.reading);
     const std::string out = outputPath(".glb");
     for (auto _ : state) {
         const app::GltfScene gltf = app::gltfScene(run.before(), run.host->project(), outcome);

@@ -1,20 +1,17 @@
 #include "app/gltf/gltf_scene.h"
 
 #include "app/drawing/layer_corners.h"
+#include "app/drawing/preview_picture.h"
 #include "app/page/scene_data.h"
 
 #include <cfloat>
 #include <cmath>
 #include <map>
-#include <numbers>
 #include <tuple>
 
 namespace app {
 
 namespace {
-
-// Segments of a rim of the surface: as smooth as the page draws it.
-constexpr int kRimSegments = 96;
 
 const char* typeName(AEGP_ObjectType type) {
     switch (type) {
@@ -66,30 +63,12 @@ NodeTransform transformBefore(const host::Project& before, host::Id id, const No
     return comp != nullptr && layer != nullptr ? nodeTransform(valuesAt(*layer, comp->time)) : fallback;
 }
 
-// The rims at the surface's top and bottom (one ellipse when they meet, for the equator and the
-// ring) and its axis, as the page draws them.
+// The surface's outline as the preview draws it (the halves a sector admits, the axis), as lines.
 std::vector<Vec3> surfaceLines(const Surface& surface) {
     std::vector<Vec3> points;
-    if (!surface.known) {
-        return points;
-    }
-    const Vec3& c = surface.centre;
-    std::vector<double> rims{surface.top};
-    if (surface.bottom != surface.top) {
-        rims.push_back(surface.bottom);
-    }
-    for (const double y : rims) {
-        for (int i = 0; i < kRimSegments; ++i) {
-            for (const int k : {i, i + 1}) {
-                const double a = 2.0 * std::numbers::pi * k / kRimSegments;
-                points.push_back(
-                    gltfPoint({c.x + surface.half_x * std::cos(a), y, c.z + surface.half_z * std::sin(a)}));
-            }
-        }
-    }
-    if (rims.size() == 2) {
-        points.push_back(gltfPoint({c.x, surface.top, c.z}));
-        points.push_back(gltfPoint({c.x, surface.bottom, c.z}));
+    for (const auto& [from, to] : outlinePieces(surface)) {
+        points.push_back(gltfPoint(from));
+        points.push_back(gltfPoint(to));
     }
     return points;
 }

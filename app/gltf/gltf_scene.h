@@ -31,7 +31,6 @@ struct LayerQuad {
     double width = 0, height = 0;  // pixels
     bool copy = false;             // made by the run: warm colours
     bool has_source = true;        // false for text and shape layers: a dashed outline
-    friend bool operator==(const LayerQuad&, const LayerQuad&) = default;
 };
 
 struct GltfLayer {
