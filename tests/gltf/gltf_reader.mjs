@@ -50,6 +50,15 @@ function pose(scene, clip, t) {
   scene.updateMatrixWorld(true);
 }
 
+// Rotation tracks whose two keys are more than half a turn apart as quaternions: interpolated,
+// they would take the long way round.
+function turnsTheLongWay(clip) {
+  return clip.tracks.filter((t) => t.name.endsWith('.quaternion')).filter((t) => {
+    const v = t.values;
+    return v[0] * v[4] + v[1] * v[5] + v[2] * v[6] + v[3] * v[7] < 0;
+  }).length;
+}
+
 window.readGltf = async (url) => {
   const bytes = await (await fetch(url)).arrayBuffer();
   const gltf = await new GLTFLoader().parseAsync(bytes, '');
@@ -75,7 +84,7 @@ window.readGltf = async (url) => {
     normals: nodes.map(frontNormal),
     colours: nodes.map((n) => [front(n).material.color.getHexString(), back(n).material.color.getHexString()]),
     outlines: nodes.map((n) => (outline(n).isLineLoop ? 'loop' : outline(n).isLineSegments ? 'dashes' : '?')),
-    clip: { name: clip.name, keys: times },
+    clip: { name: clip.name, keys: times, longWay: turnsTheLongWay(clip) },
     camera: {
       position: camera.getWorldPosition(new Vector3()).toArray(),
       forward: camera.getWorldDirection(new Vector3()).toArray(),

@@ -126,6 +126,7 @@ async function checkFile(run, { surface = true } = {}) {
   // precision, as glTF keeps them, which the allowance's second part covers.
   assert.equal(read.clip.name, 'Before \u2192 After');
   assert.ok(read.clip.keys.length > 0 && read.clip.keys.every(([first, last]) => first === 0 && last === 2), 'keys at 0 and 2 s');
+  assert.equal(read.clip.longWay, 0, 'rotations that take the long way round');
   assert.deepEqual(compareCorners(read.first, rectangles(beforeScene(run)), 'first key', 2 ** -22), []);
   assert.deepEqual(compareCorners(read.last, rects, 'last key', 2 ** -22), []);
 
@@ -168,7 +169,8 @@ test('30,000 layers', async () => {
   const layers = Array.from({ length: count }, (_, i) => ({
     name: `Tile ${i + 1}`, type: 'av', three_d: true, source: { width: 120 + (i % 7) * 10, height: 80 },
     position: [(i % 200) * 130, Math.floor(i / 200) * 90, (i % 13) * 10], scale: [100, 100, 100],
-    orientation: [0, 0, 0], rotation: [0, 0, (i % 5) * 10], selected: true,
+    // Turned every way before the run, half turns included.
+    orientation: [(i * 37) % 360, (i * 53) % 360, (i * 71) % 360], rotation: [0, 0, (i % 5) * 45], selected: true,
   }));
   const scene = path.join(work, 'wall-scene.json');
   fs.writeFileSync(scene, JSON.stringify({
