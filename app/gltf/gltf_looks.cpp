@@ -1,9 +1,10 @@
 #include "app/gltf/gltf_looks.h"
 
+#include "app/drawing/palette.h"
+
 #include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
-#include <string>
 
 namespace app {
 
@@ -11,37 +12,44 @@ namespace {
 
 struct LookStyle {
     const char* name;
-    const char* colour;
+    std::string_view palette;  // the colour's name in the page's palette
 };
 
 LookStyle style(Look look) {
     switch (look) {
         case Look::front:
-            return {"Front", "#a9cbef"};
+            return {"Front", kFrontColour.name};
         case Look::back:
-            return {"Back", "#56697f"};
+            return {"Back", kBackColour.name};
         case Look::outline:
-            return {"Outline", "#24496f"};
+            return {"Outline", kEdgeColour.name};
         case Look::copy_front:
-            return {"Copy front", "#f3cf9b"};
+            return {"Copy front", "copyFront"};
         case Look::copy_back:
-            return {"Copy back", "#8c6a43"};
+            return {"Copy back", "copyBack"};
         case Look::copy_outline:
-            return {"Copy outline", "#6b4310"};
+            return {"Copy outline", "copyEdge"};
         case Look::surface:
-            return {"Surface", "#8a94a3"};
+            return {"Surface", kSurfaceColour.name};
         case Look::comp_frame:
-            return {"Composition frame", "#9c36b5"};
+            return {"Composition frame", "compFrame"};
     }
-    return {"", "#000000"};
+    return {"", ""};
+}
+
+std::string_view paletteHex(std::string_view name) {
+    const auto found = std::find_if(kPagePalette.begin(), kPagePalette.end(),
+                                    [name](const PaletteColour& c) { return c.name == name; });
+    return found != kPagePalette.end() ? found->hex : "#000000";
 }
 
 double linear(double srgb) { return srgb <= 0.04045 ? srgb / 12.92 : std::pow((srgb + 0.055) / 1.055, 2.4); }
 
 }  // namespace
 
-std::array<double, 3> linearColour(const char* hex) {
-    const long value = std::strtol(hex + 1, nullptr, 16);
+std::array<double, 3> linearColour(std::string_view hex) {
+    unsigned value = 0;
+    std::from_chars(hex.data() + 1, hex.data() + hex.size(), value, 16);
     return {linear(((value >> 16) & 255) / 255.0), linear(((value >> 8) & 255) / 255.0), linear((value & 255) / 255.0)};
 }
 
@@ -58,7 +66,7 @@ void Materials::write(JsonText& json) const {
     json.beginArray();
     for (const Look look : used_) {
         const LookStyle s = style(look);
-        const std::array<double, 3> c = linearColour(s.colour);
+        const std::array<double, 3> c = linearColour(paletteHex(s.palette));
         json.beginObject();
         member(json, "name", s.name);
         json.key("pbrMetallicRoughness");

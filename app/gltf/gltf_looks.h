@@ -1,4 +1,4 @@
-// How the file paints what it holds, in the page's colours (app/page/src/palette.js): faces light
+// How the file paints what it holds, in the page's colours (app/drawing/palette.h): faces light
 // in front and dark behind, copies the run made warm, outlines darker still, the surface grey and
 // the composition's frame purple. Unlit, so that every viewer shows the colours as they are.
 #pragma once
@@ -6,6 +6,7 @@
 #include "app/gltf/gltf_json.h"
 
 #include <array>
+#include <string_view>
 #include <vector>
 
 namespace app {
@@ -24,6 +25,6 @@ private:
 };
 
 // A colour given as sRGB "#rrggbb" in linear light, as glTF's colour factors are.
-std::array<double, 3> linearColour(const char* hex);
+std::array<double, 3> linearColour(std::string_view hex);
 
 }  // namespace app
