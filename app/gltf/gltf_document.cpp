@@ -193,8 +193,8 @@ void asset(JsonText& json, const GltfScene& scene) {
     json.beginObject();
     member(json, "pixels_per_metre", kPixelsPerMetre);
     member(json, "frame",
-           "glTF (x, y, z) = (X, -Y, -Z) / 100 of the host's frame: X right, Y down, Z away from the viewer, "
-           "in pixels");
+           "glTF (x, y, z) = (X, -Y, -Z) / " + std::to_string(static_cast<int>(kPixelsPerMetre)) +
+               " of the host's frame: X right, Y down, Z away from the viewer, in pixels");
     member(json, "animation",
            "Before \u2192 After: where the scene had each layer at 0 s, where the run put it at " +
                std::to_string(static_cast<int>(kAnimationSeconds)) + " s");
