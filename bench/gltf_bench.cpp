@@ -2,7 +2,7 @@
 // CPU and wall time, with its size per layer; and the built tool writing it as a process.
 #include "app/gltf/gltf_file.h"
 #include "app/gltf/gltf_scene.h"
-#include "app/output/output_files.h"
+#include "app/output/write_outputs.h"
 #include "app/report/run_outcome.h"
 #include "app/run/session.h"
 #include "bench/scene_maker.h"
