@@ -95,6 +95,7 @@ bench: build
 demo: build
 	@if [ -x $(BUILD)/app/orbisett-host ]; then mkdir -p out && $(BUILD)/app/orbisett-host \
 		--out out/demo.json --preview out/demo-preview.svg --dialog out/demo-dialog.svg --html out/demo.html \
+		--gltf out/demo.glb \
 		&& $(BUILD)/app/orbisett-host --preview out/demo-preview.png > /dev/null; \
 	else echo "orbisett-host is not built yet: the command-line tool does not exist in this tree."; exit 1; fi
 

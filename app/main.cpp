@@ -35,9 +35,14 @@ int run(const app::Options& options) {
         preview = app::drawPreview(result.host->project(), outcome);
         app::addPreviewWarnings(report, *preview);
     }
+    std::optional<app::GltfScene> gltf;
+    if (!options.gltf.empty()) {
+        gltf = app::gltfScene(result.before(), result.host->project(), outcome);
+        app::addGltfWarnings(report, *gltf);
+    }
     const int status = report.failures.empty() ? kDone : kFailure;
-    std::vector<app::OutputFile> outputs =
-        app::outputFiles(options, result, outcome, preview ? &preview->svg : nullptr, app::summaryJson(report, status));
+    std::vector<app::OutputFile> outputs = app::outputFiles(options, result, outcome, preview ? &preview->svg : nullptr,
+                                                            gltf ? &*gltf : nullptr, app::summaryJson(report, status));
     if (!options.quiet) {
         const bool scene_to_stdout = options.out == app::kStandardStream;
         const std::vector<host::Id> none;

@@ -14,9 +14,12 @@ constexpr std::size_t kSpill = 1 << 16;  // bytes kept before they go to the sin
 
 }  // namespace
 
-JsonText::JsonText(std::ostream* sink) : sink_(sink) {}
+JsonText::JsonText(std::ostream* sink, bool compact) : sink_(sink), compact_(compact) {}
 
 void JsonText::newline(std::size_t depth) {
+    if (compact_) {
+        return;
+    }
     buffer_ += '\n';
     buffer_.append(depth * kIndent, ' ');
 }
@@ -74,7 +77,7 @@ void JsonText::key(std::string_view name) {
     empty_.back() = false;
     newline(empty_.size());
     quoted(name);
-    buffer_ += ": ";
+    buffer_ += compact_ ? ":" : ": ";
     after_key_ = true;
 }
 

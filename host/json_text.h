@@ -1,6 +1,7 @@
 // Pretty JSON written as it goes, laid out exactly as the JSON library's dump with an indent of two
 // spaces: the same text as building the document and dumping it, without building it. Used for
 // scene files of tens of thousands of layers, whose document would cost more than the project.
+// Compact, it is laid out as the library's dump without an indent: no blank between tokens.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -16,7 +17,7 @@ namespace host {
 class JsonText {
 public:
     // Text goes to `sink` in pieces as it is made; with no sink it stays in the buffer for take().
-    explicit JsonText(std::ostream* sink = nullptr);
+    explicit JsonText(std::ostream* sink = nullptr, bool compact = false);
 
     void beginObject();
     void endObject();
@@ -48,6 +49,7 @@ private:
     void spill();
 
     std::ostream* sink_;
+    bool compact_;
     std::string buffer_;
     std::vector<bool> empty_;  // per open object or array: nothing written in it yet
     bool after_key_ = false;

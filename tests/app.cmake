@@ -6,6 +6,7 @@ orbisett_test(app_unit_tests
 orbisett_test(app_tool_tests
   SOURCES app_runs_test.cpp app_report_test.cpp app_errors_test.cpp
           app_bad_input_test.cpp app_run_outcome_test.cpp app_picture_file_test.cpp app_agreement_test.cpp
+          app_gltf_test.cpp
   LIBS orbisett_app orbisett_core)
 target_compile_definitions(app_tool_tests PRIVATE ORBISETT_HOST_PATH="$<TARGET_FILE:orbisett-host>"
                            ORBISETT_MODULE_PATH="$<TARGET_FILE:orbisett>")

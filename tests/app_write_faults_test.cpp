@@ -152,7 +152,7 @@ INSTANTIATE_TEST_SUITE_P(
     Outputs, WriteFaultSweep,
     ::testing::Values("--quiet --out @scene.json", "--quiet --out -", "--quiet --preview @p.svg",
                       "--quiet --preview @p.png", "--quiet --dialog @d.png", "--quiet --html @page.html",
-                      "--quiet --json-report @r.json", "",
+                      "--quiet --gltf @m.glb", "--quiet --json-report @r.json", "",
                       "--out @scene.json --preview @p.png --dialog @d.svg --html @page.html --json-report @r.json",
                       "--out - --preview @p.svg --dialog @d.png --html @page.html --json-report @r.json"));
 

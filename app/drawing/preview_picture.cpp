@@ -76,8 +76,8 @@ void addLine(std::vector<std::pair<Vec3, Vec3>>& pieces, const Vec3& from, const
     }
 }
 
-// The surface's outline as pieces: top and bottom rims (one ellipse for the equator and the
-// ring), only the halves a sector admits with the edges where they end, and the axis.
+}  // namespace
+
 std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s) {
     std::vector<std::pair<Vec3, Vec3>> pieces;
     if (!s.known) {
@@ -107,6 +107,8 @@ std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s) {
     }
     return pieces;
 }
+
+namespace {
 
 std::vector<Vec3> compFrame(const host::Comp& comp) {
     const double w = comp.width, h = comp.height;

@@ -5,6 +5,7 @@
 #include "host/project.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace app {
@@ -26,5 +27,10 @@ struct Preview {
 // takes when nothing was arranged); the caption says what ran, on which surface, and what is
 // not shown.
 Preview drawPreview(const host::Project& project, const RunOutcome& outcome);
+
+// The outline of the surface the run used as pieces of line in the host's frame: top and bottom
+// rims (one ellipse for the equator and the ring), only the halves a sector admits with the edges
+// where they end, and the axis. Empty when its size is not known.
+std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s);
 
 }  // namespace app

@@ -1,6 +1,7 @@
 #include "app/output/output_files.h"
 
 #include "app/drawing/picture_file.h"
+#include "app/gltf/gltf_file.h"
 #include "app/page/html_page.h"
 #include "app/page/scene_data.h"
 #include "app/run/app_error.h"
@@ -21,7 +22,8 @@ std::string picture(const std::string& option, const std::string& path, const st
 }  // namespace
 
 std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
-                                    const std::string* preview_svg, const nlohmann::json& report) {
+                                    const std::string* preview_svg, const GltfScene* gltf,
+                                    const nlohmann::json& report) {
     std::vector<OutputFile> files;
     if (!options.out.empty()) {
         // Written as it is made: with keyframes the scene's text is larger than the project.
@@ -39,6 +41,11 @@ std::vector<OutputFile> outputFiles(const Options& options, const SessionResult&
         files.push_back({"--html", options.html, [&run, &outcome](std::ostream& out) {
                              writeHtmlPage(out, pageSceneData(run.before(), run.host->project(), outcome));
                          }});
+    }
+    if (const std::optional<GltfFormat> format = gltfFormat(options.gltf); format && gltf != nullptr) {
+        // Made as it is written, so that a large one is not held beside the others.
+        files.push_back({"--gltf", options.gltf,
+                         [gltf, f = *format](std::ostream& out) { writeGltf(gltfDocument(*gltf, f), f, out); }});
     }
     if (!options.json_report.empty()) {
         files.push_back(outputOf("--json-report", options.json_report, report.dump(2) + "\n"));

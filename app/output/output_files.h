@@ -1,6 +1,7 @@
 // The outputs a run asked for, in the order they are written.
 #pragma once
 
+#include "app/gltf/gltf_scene.h"
 #include "app/output/output_file.h"
 #include "app/report/run_outcome.h"
 #include "app/run/options.h"
@@ -13,10 +14,11 @@
 
 namespace app {
 
-// --out (a file, or standard output for "-"), --preview, --dialog, --html (pictures in the format
-// their names ask for) and --json-report. `preview_svg` is the preview as drawn for --preview
-// (null without it).
+// --out (a file, or standard output for "-"), --preview, --dialog, --html, --gltf (pictures and
+// glTF in the format their names ask for) and --json-report. `preview_svg` is the preview as drawn
+// for --preview, `gltf` the scene for --gltf (null without them).
 std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
-                                    const std::string* preview_svg, const nlohmann::json& report);
+                                    const std::string* preview_svg, const GltfScene* gltf,
+                                    const nlohmann::json& report);
 
 }  // namespace app

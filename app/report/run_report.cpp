@@ -218,6 +218,15 @@ void addPreviewWarnings(RunReport& report, const Preview& preview) {
     }
 }
 
+void addGltfWarnings(RunReport& report, const GltfScene& scene) {
+    for (const std::string& name : scene.left_out) {
+        report.warnings.push_back({"", "gltf_left_out",
+                                   "--gltf leaves out \"" + name +
+                                       "\": its position or scale, before or after the run, is too large for the "
+                                       "file's single-precision numbers, or not a finite number"});
+    }
+}
+
 std::string summaryText(const RunReport& r) {
     std::string text = "Summary\n";
     text += "  arranged:     " + arrangedLine(r) + "\n";

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/drawing/preview_picture.h"
+#include "app/gltf/gltf_scene.h"
 #include "app/report/run_outcome.h"
 #include "app/report/run_warnings.h"
 #include "app/run/session.h"
@@ -45,6 +46,8 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome);
 
 // A warning for each layer the preview could not draw.
 void addPreviewWarnings(RunReport& report, const Preview& preview);
+// A warning for each layer the glTF file leaves out.
+void addGltfWarnings(RunReport& report, const GltfScene& scene);
 
 // The summary as lines for the terminal, after the table.
 std::string summaryText(const RunReport& report);

@@ -1,6 +1,7 @@
 #include "app/run/options.h"
 
 #include "app/drawing/picture_file.h"
+#include "app/gltf/gltf_file.h"
 #include "controls/settings_table.h"
 
 #include <CLI/CLI.hpp>
@@ -37,8 +38,8 @@ or the host reported a failure, or a fault of this tool.
 
 // The single-valued options that write files, by their option names.
 const std::pair<const char*, std::string Options::*> kOutputs[] = {
-    {"--out", &Options::out},   {"--preview", &Options::preview},         {"--dialog", &Options::dialog},
-    {"--html", &Options::html}, {"--json-report", &Options::json_report},
+    {"--out", &Options::out},   {"--preview", &Options::preview}, {"--dialog", &Options::dialog},
+    {"--html", &Options::html}, {"--gltf", &Options::gltf},       {"--json-report", &Options::json_report},
 };
 
 void describe(CLI::App& cli, Options& options) {
@@ -60,6 +61,9 @@ void describe(CLI::App& cli, Options& options) {
         ->type_name("FILE.svg|FILE.png");
     cli.add_option("--html", options.html, "Write an interactive 3D page of the composition before and after the run")
         ->type_name("FILE.html");
+    cli.add_option("--gltf", options.gltf,
+                   "Write the composition as glTF 2.0, binary (.glb) or JSON (.gltf), with a before-to-after animation")
+        ->type_name("FILE.glb|FILE.gltf");
     cli.add_option("--json-report", options.json_report, "Write the summary and its warnings as JSON")
         ->type_name("FILE");
     cli.add_flag("--quiet", options.quiet, "Print nothing but errors");
@@ -112,7 +116,7 @@ void checkArguments(const CLI::App& cli, const Options& options) {
         throw LineError(*options.scene + ": each setting needs its own --set (--set " + *options.scene +
                         "); without it, it is taken as the scene file");
     }
-    for (const char* name : {"--plugin", "--out", "--preview", "--dialog", "--html", "--json-report"}) {
+    for (const char* name : {"--plugin", "--out", "--preview", "--dialog", "--html", "--gltf", "--json-report"}) {
         checkOnce(cli, name);
     }
 }
@@ -141,6 +145,10 @@ void checkOutputs(const Options& options) {
             !problem.empty()) {
             throw LineError(problem);
         }
+    }
+    if (const std::string problem = options.gltf.empty() ? std::string() : gltfNameProblem(options.gltf);
+        !problem.empty()) {
+        throw LineError(problem);
     }
 }
 

@@ -19,6 +19,7 @@ struct Options {
     std::string preview;
     std::string dialog;
     std::string html;
+    std::string gltf;  // .glb or .gltf
     std::string json_report;
     std::string plugin;
     bool quiet = false;
