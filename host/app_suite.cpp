@@ -36,8 +36,10 @@ A_Err appGetColor(PF_App_ColorType color_type, PF_App_Color* app_color) {
 
 const PFAppSuite2 kSuite{appGetColor};
 
+const ServedSuite kServed[] = {{kPFAppSuite, kPFAppSuiteVersion2, &kSuite}};
+
 }  // namespace
 
-const PFAppSuite2* appSuite2() { return &kSuite; }
+std::span<const ServedSuite> appSuites() { return kServed; }
 
 }  // namespace host::detail

@@ -13,35 +13,23 @@ namespace detail {
 
 namespace {
 
-struct SuiteEntry {
-    std::string_view name;
-    int32_t version;
-    const void* table;
-};
-
-const std::vector<SuiteEntry>& servedSuites() {
-    static const std::vector<SuiteEntry> entries = {
-        {kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1, registerSuite1()},
-        {kAEGPCommandSuite, kAEGPCommandSuiteVersion1, commandSuite1()},
-        {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3, utilitySuite3()},
-        {kAEGPCollectionSuite, kAEGPCollectionSuiteVersion1, collectionSuite1()},
-        {kAEGPCompSuite, kAEGPCompSuiteVersion4, compSuite4()},
-        {kAEGPItemSuite, kAEGPItemSuiteVersion3, itemSuite3()},
-        {kAEGPLayerSuite, kAEGPLayerSuiteVersion5, layerSuite5()},
-        {kAEGPLayerSuite, kAEGPLayerSuiteVersion8, layerSuite8()},
-        {kAEGPLayerSuite, kAEGPLayerSuiteVersion10, layerSuite10()},
-        {kAEGPStreamSuite, kAEGPStreamSuiteVersion4, streamSuite4()},
-        {kAEGPKeyframeSuite, kAEGPKeyframeSuiteVersion1, keyframeSuite1()},
-        {kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1, panelSuite1()},
-        {kPFAppSuite, kPFAppSuiteVersion2, appSuite2()},
-    };
-    return entries;
+const std::vector<ServedSuite>& servedSuites() {
+    static const std::vector<ServedSuite> all = [] {
+        std::vector<ServedSuite> suites;
+        for (std::span<const ServedSuite> file :
+             {registerSuites(), commandSuites(), utilitySuites(), collectionSuites(), compAndItemSuites(),
+              layerSuites(), streamAndKeyframeSuites(), panelSuites(), appSuites()}) {
+            suites.insert(suites.end(), file.begin(), file.end());
+        }
+        return suites;
+    }();
+    return all;
 }
 
 }  // namespace
 
 const void* suiteTable(std::string_view name, int32_t version) {
-    for (const SuiteEntry& e : servedSuites()) {
+    for (const ServedSuite& e : servedSuites()) {
         if (e.name == name && e.version == version) {
             return e.table;
         }
@@ -51,7 +39,7 @@ const void* suiteTable(std::string_view name, int32_t version) {
 
 std::vector<std::string> suiteKeys() {
     std::vector<std::string> keys;
-    for (const SuiteEntry& e : servedSuites()) {
+    for (const ServedSuite& e : servedSuites()) {
         keys.push_back(suiteKey(e.name, e.version));
     }
     return keys;

@@ -55,8 +55,10 @@ A_Err collectionPushBack(AEGP_CollectionH collection, const AEGP_CollectionItemV
 const AEGP_CollectionSuite1 kSuite{newCollection, disposeCollection, getCollectionNumItems, getCollectionItemByIndex,
                                    collectionPushBack};
 
+const ServedSuite kServed[] = {{kAEGPCollectionSuite, kAEGPCollectionSuiteVersion1, &kSuite}};
+
 }  // namespace
 
-const AEGP_CollectionSuite1* collectionSuite1() { return &kSuite; }
+std::span<const ServedSuite> collectionSuites() { return kServed; }
 
 }  // namespace host::detail

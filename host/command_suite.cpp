@@ -75,8 +75,10 @@ A_Err doCommand(AEGP_Command command) {
 const AEGP_CommandSuite1 kSuite{getUniqueCommand, insertMenuCommand, removeMenuCommand,    setMenuCommandName,
                                 enableCommand,    disableCommand,    checkMarkMenuCommand, doCommand};
 
+const ServedSuite kServed[] = {{kAEGPCommandSuite, kAEGPCommandSuiteVersion1, &kSuite}};
+
 }  // namespace
 
-const AEGP_CommandSuite1* commandSuite1() { return &kSuite; }
+std::span<const ServedSuite> commandSuites() { return kServed; }
 
 }  // namespace host::detail

@@ -108,9 +108,11 @@ A_Err setSelection(AEGP_CompH comp, AEGP_CollectionH collection) {
 const AEGP_ItemSuite3 kItemSuite{getActiveItem, getItemType, getItemDimensions};
 const AEGP_CompSuite4 kCompSuite{getCompFromItem, getItemFromComp, getNewCollectionFromCompSelection, setSelection};
 
+const ServedSuite kServed[] = {{kAEGPCompSuite, kAEGPCompSuiteVersion4, &kCompSuite},
+                               {kAEGPItemSuite, kAEGPItemSuiteVersion3, &kItemSuite}};
+
 }  // namespace
 
-const AEGP_ItemSuite3* itemSuite3() { return &kItemSuite; }
-const AEGP_CompSuite4* compSuite4() { return &kCompSuite; }
+std::span<const ServedSuite> compAndItemSuites() { return kServed; }
 
 }  // namespace host::detail

@@ -94,10 +94,12 @@ const AEGP_LayerSuite10 kSuite10{ORBISETT_HOST_LAYER_COMMON, duplicateLayer};
 
 #undef ORBISETT_HOST_LAYER_COMMON
 
+const ServedSuite kServed[] = {{kAEGPLayerSuite, kAEGPLayerSuiteVersion5, &kSuite5},
+                               {kAEGPLayerSuite, kAEGPLayerSuiteVersion8, &kSuite8},
+                               {kAEGPLayerSuite, kAEGPLayerSuiteVersion10, &kSuite10}};
+
 }  // namespace
 
-const AEGP_LayerSuite5* layerSuite5() { return &kSuite5; }
-const AEGP_LayerSuite8* layerSuite8() { return &kSuite8; }
-const AEGP_LayerSuite10* layerSuite10() { return &kSuite10; }
+std::span<const ServedSuite> layerSuites() { return kServed; }
 
 }  // namespace host::detail

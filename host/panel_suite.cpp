@@ -72,8 +72,10 @@ A_Err isShown(const A_u_char* utf8_match_name, A_Boolean* tab_is_shown, A_Boolea
 
 const AEGP_PanelSuite1 kSuite{registerCreatePanelHook, unRegisterCreatePanelHook, setTitle, toggleVisibility, isShown};
 
+const ServedSuite kServed[] = {{kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1, &kSuite}};
+
 }  // namespace
 
-const AEGP_PanelSuite1* panelSuite1() { return &kSuite; }
+std::span<const ServedSuite> panelSuites() { return kServed; }
 
 }  // namespace host::detail

@@ -41,8 +41,10 @@ A_Err registerIdleHook(AEGP_PluginID plugin_id, AEGP_IdleHook hook, AEGP_IdleRef
 
 const AEGP_RegisterSuite1 kSuite{registerCommandHook, registerUpdateMenuHook, registerDeathHook, registerIdleHook};
 
+const ServedSuite kServed[] = {{kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1, &kSuite}};
+
 }  // namespace
 
-const AEGP_RegisterSuite1* registerSuite1() { return &kSuite; }
+std::span<const ServedSuite> registerSuites() { return kServed; }
 
 }  // namespace host::detail

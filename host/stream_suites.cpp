@@ -105,9 +105,11 @@ A_Err insertKeyframe(AEGP_StreamRefH stream, AEGP_LTimeMode time_mode, const A_T
 const AEGP_StreamSuite4 kStreamSuite{getNewLayerStream, disposeStream, getLayerStreamValue, setStreamValue};
 const AEGP_KeyframeSuite1 kKeyframeSuite{getStreamNumKFs, insertKeyframe};
 
+const ServedSuite kServed[] = {{kAEGPStreamSuite, kAEGPStreamSuiteVersion4, &kStreamSuite},
+                               {kAEGPKeyframeSuite, kAEGPKeyframeSuiteVersion1, &kKeyframeSuite}};
+
 }  // namespace
 
-const AEGP_StreamSuite4* streamSuite4() { return &kStreamSuite; }
-const AEGP_KeyframeSuite1* keyframeSuite1() { return &kKeyframeSuite; }
+std::span<const ServedSuite> streamAndKeyframeSuites() { return kServed; }
 
 }  // namespace host::detail

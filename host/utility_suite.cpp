@@ -26,8 +26,10 @@ A_Err endUndoGroupCall() {
 
 const AEGP_UtilitySuite3 kSuite{reportInfo, startUndoGroupCall, endUndoGroupCall};
 
+const ServedSuite kServed[] = {{kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3, &kSuite}};
+
 }  // namespace
 
-const AEGP_UtilitySuite3* utilitySuite3() { return &kSuite; }
+std::span<const ServedSuite> utilitySuites() { return kServed; }
 
 }  // namespace host::detail
