@@ -104,7 +104,8 @@ A_Boolean isEqual(const char* a, const char* b) {
     return a != nullptr && b != nullptr && std::strcmp(a, b) == 0;
 }
 
-// A block of at least one byte, so that a block of size 0 is still one to free.
+// Hands out a block the allocator gave; blocks are at least one byte, so that one asked for with
+// size 0 is still a block to free.
 SPErr allocated(void* p, void** block) {
     if (p == nullptr) {
         return A_Err_ALLOC;
