@@ -1,7 +1,8 @@
 #include "cylinder_fixture.h"
 
+#include <algorithm>
+#include <iterator>
 #include <set>
-#include <string>
 #include <vector>
 
 namespace {
@@ -51,9 +52,7 @@ TEST(CylinderSettingsTable, FindsEveryNamedControlAndHidesOnlyControlsItHas) {
     EXPECT_EQ(nullptr, find_control(ADMInt32{0}));
     EXPECT_EQ(nullptr, find_control(ADMInt32{999}));
     // The hidden set names 35 different controls of the table.
-    for (ADMInt32 id : kHiddenControls) {
-        EXPECT_NE(nullptr, find_control(id)) << id;
-    }
+    EXPECT_TRUE(std::ranges::all_of(kHiddenControls, [](ADMInt32 id) { return find_control(id) != nullptr; }));
     EXPECT_EQ(35u, std::set<ADMInt32>(kHiddenControls.begin(), kHiddenControls.end()).size());
     // The lower limit of the box is the float nearest 0.1, as a tool reading the table sees it.
     EXPECT_EQ(static_cast<float>(0.1), find_control("EDIT_DIM_X")->minimum);
@@ -67,12 +66,8 @@ TEST(CylinderSettingsTable, FindsEveryNamedControlAndHidesOnlyControlsItHas) {
 TEST_F(CylinderDialogTest, FreshWindowHoldsTheTablesControls) {
     open_as_shell_does();
     std::vector<ADMInt32> expected;
-    for (const ControlSpec& c : kCylinderControls) {
-        expected.push_back(c.id);
-    }
-    for (const ControlSpec& c : kCylinderFrames) {
-        expected.push_back(c.id);
-    }
+    std::ranges::transform(kCylinderControls, std::back_inserter(expected), &ControlSpec::id);
+    std::ranges::transform(kCylinderFrames, std::back_inserter(expected), &ControlSpec::id);
     expected.push_back(STATIC_VERSION);
     std::vector<ADMInt32> made;
     for (ADMItemRef item = sADMDialog->GetFirstItem(dlg().dialog); item != nullptr;

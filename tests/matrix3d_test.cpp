@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cmath>
-#include <limits>
 
 using Vec = math::TGeomVector3D<double>;
 using Mat = math::TMatrix3D<double>;

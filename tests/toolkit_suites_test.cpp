@@ -10,19 +10,18 @@ using SuitesInAWindow = ToolkitWindowTest;
 
 // Calls a suite function with a null reference and every other argument zero or null: it must
 // do nothing (a write through a null out-parameter would crash) and answer zero, false or null.
-template <typename Suite, typename R, typename... Args>
-void expectAbsorbed(const Suite* suite, std::size_t index, R (*Suite::*function)(Args...)) {
-    if constexpr (std::is_void_v<R>) {
-        (suite->*function)(Args{}...);
-    } else {
-        EXPECT_EQ(R{}, (suite->*function)(Args{}...)) << "function " << index << " of the list";
-    }
-}
-
 template <typename Suite, typename... Functions>
 void expectAllAbsorbed(const Suite* suite, Functions... functions) {
     std::size_t index = 0;
-    (expectAbsorbed(suite, ++index, functions), ...);
+    const auto absorbed = [&]<typename R, typename... Args>(R (*Suite::*function)(Args...)) {
+        ++index;
+        if constexpr (std::is_void_v<R>) {
+            (suite->*function)(Args{}...);
+        } else {
+            EXPECT_EQ(R{}, (suite->*function)(Args{}...)) << "function " << index << " of the list";
+        }
+    };
+    (absorbed(functions), ...);
 }
 
 TEST_F(Suites, EveryFunctionAbsorbsANullReference) {

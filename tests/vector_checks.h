@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-inline void expectVec(const math::TGeomVector3D<double>& actual, double x, double y, double z) {
-    EXPECT_EQ(actual.x, x);
-    EXPECT_EQ(actual.y, y);
-    EXPECT_EQ(actual.z, z);
+inline void expectVec(const math::TGeomVector3D<double>& v, double x, double y, double z) {
+    EXPECT_TRUE(v.x == x && v.y == y && v.z == z) << "is (" << v.x << ", " << v.y << ", " << v.z << ")";
 }
