@@ -1,6 +1,8 @@
 BUILD ?= build
 JOBS ?= 2
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo
+# WERROR=ON treats compiler warnings as errors (.ci/run builds so); off for everyone else.
+WERROR ?= OFF
 
 .PHONY: deps page-deps configure build test test-sanitize fuzz coverage bench demo clean
 
@@ -20,7 +22,7 @@ page-deps:
 	fi
 
 configure: deps
-	@cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS) > /dev/null
+	@cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS) -DORBISETT_WERROR=$(WERROR) > /dev/null
 
 build: configure
 	@cmake --build $(BUILD) -j $(JOBS)
@@ -38,7 +40,7 @@ SANITIZE_ENV = ASAN_OPTIONS=detect_leaks=1:abort_on_error=1:detect_stack_use_aft
 	UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 
 test-sanitize: deps
-	@cmake -S . -B $(SANITIZE_BUILD) -G Ninja $(SANITIZE_FLAGS) -DORBISETT_SANITIZE=ON > /dev/null
+	@cmake -S . -B $(SANITIZE_BUILD) -G Ninja $(SANITIZE_FLAGS) -DORBISETT_SANITIZE=ON -DORBISETT_WERROR=$(WERROR) > /dev/null
 	@cmake --build $(SANITIZE_BUILD) -j $(JOBS)
 	@cd $(SANITIZE_BUILD) && $(SANITIZE_ENV) ctest --output-on-failure -j $(JOBS)
 

@@ -24,8 +24,6 @@ class CylinderStand {
 public:
     CylinderStand();
     ~CylinderStand();
-    CylinderStand(const CylinderStand&) = delete;
-    CylinderStand& operator=(const CylinderStand&) = delete;
 
     BenchDialog& dlg() { return *dlg_; }
     std::list<LayerInfo>& layers() { return dlg_->layers; }

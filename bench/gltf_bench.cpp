@@ -52,21 +52,9 @@ void BM_GltfProcess(benchmark::State& state) {
     const SceneFile scene(SceneShape{n});
     const std::string out = outputPath(".json");
     const std::string gltf = outputPath(".glb");
-    ProcessRun last;
-    double cpu = 0;
-    for (auto _ : state) {
-        last = runToolProcess({scene.path(), "--out", out, "--gltf", gltf});
-        if (last.status != 0) {
-            state.SkipWithError("the tool failed");
-            break;
-        }
-        cpu += last.cpu;
-        state.SetIterationTime(last.wall);
-    }
+    timeToolProcess(state, {scene.path(), "--out", out, "--gltf", gltf});
     std::remove(out.c_str());
     std::remove(gltf.c_str());
-    state.counters["cpu_s"] = cpu / static_cast<double>(state.iterations());
-    state.counters["peak_rss_MB"] = static_cast<double>(last.peak_rss_kb) / 1024;
 }
 
 BENCHMARK(BM_Gltf)->Arg(1000)->Arg(10000)->Arg(30000)->Iterations(3)->Unit(benchmark::kMillisecond);

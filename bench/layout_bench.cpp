@@ -55,24 +55,15 @@ void BM_Layout(benchmark::State& state, Mode mode) {
 
 }  // namespace
 
-BENCHMARK(BM_LowerBound)->RangeMultiplier(10)->Range(10, 10000);
-BENCHMARK(BM_PlacementArithmetic)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(BM_Layout, evenly, Mode::evenly)
-    ->RangeMultiplier(10)
-    ->Range(10, 10000)
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(BM_Layout, given_steps, Mode::given_steps)
-    ->RangeMultiplier(10)
-    ->Range(10, 10000)
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(BM_Layout, equator, Mode::equator)
-    ->RangeMultiplier(10)
-    ->Range(10, 10000)
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(BM_Layout, radius_by_first, Mode::radius)
-    ->RangeMultiplier(10)
-    ->Range(10, 10000)
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(BM_Layout, ring, Mode::ring)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMicrosecond);
+// 10, 100, 1,000 and 10,000 records.
+void records(benchmark::internal::Benchmark* b) { b->RangeMultiplier(10)->Range(10, 10000); }
+
+BENCHMARK(BM_LowerBound)->Apply(records);
+BENCHMARK(BM_PlacementArithmetic)->Apply(records)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, evenly, Mode::evenly)->Apply(records)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, given_steps, Mode::given_steps)->Apply(records)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, equator, Mode::equator)->Apply(records)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, radius_by_first, Mode::radius)->Apply(records)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Layout, ring, Mode::ring)->Apply(records)->Unit(benchmark::kMicrosecond);
 
 }  // namespace bench

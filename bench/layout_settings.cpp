@@ -41,11 +41,11 @@ void choose_mode(CylinderStand& stand, Mode mode) {
     }
 }
 
-void choose_dont_intersect(CylinderStand& stand) {
+void choose_dont_intersect(CylinderStand& stand, float width, float height) {
     stand.set_bool(CHECK_DONT_INTERSECT, true);
-    stand.set_float(EDIT_DIM_X, 3000);
-    stand.set_float(EDIT_DIM_Z, 3000);
-    stand.set_float(EDIT_DIM_Y, 4000);
+    stand.set_float(EDIT_DIM_X, width);
+    stand.set_float(EDIT_DIM_Z, width);
+    stand.set_float(EDIT_DIM_Y, height);
     stand.set_float(EDIT_MIN_LONGITUDE, 1);
     stand.set_float(EDIT_MIN_LATITUDE, 20);
 }

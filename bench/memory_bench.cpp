@@ -15,7 +15,7 @@ void BM_LayoutMemory(benchmark::State& state, bool dont_intersect) {
     const int n = static_cast<int>(state.range(0));
     CylinderStand stand;
     if (dont_intersect) {
-        choose_dont_intersect(stand);
+        choose_dont_intersect(stand, 3000, 4000);
         stand.set_mixed_records(n);
     } else {
         choose_mode(stand, Mode::given_steps);

@@ -14,13 +14,22 @@ namespace {
 void BM_DontIntersect(benchmark::State& state) {
     const int n = static_cast<int>(state.range(0));
     CylinderStand stand;
-    choose_dont_intersect(stand);
+    choose_dont_intersect(stand, 3000, 4000);
     stand.set_mixed_records(n);
     for (auto _ : state) {
         benchmark::DoNotOptimize(stand.dlg().get_layers_pos());
     }
     count_layers(state, n);
     state.counters["placed"] = placed_count(stand.layers());
+}
+
+// Counts, as often as the benchmark asks, the layers that fit at the cap.
+void count_at_cap(benchmark::State& state, CylinderStand& stand) {
+    int placements = 0;
+    for (auto _ : state) {
+        placements = stand.dlg().get_layers_number();
+    }
+    state.counters["placements"] = placements;
 }
 
 // Ten records of 100 x 80 on the default cylinder with 1 degree and 5 pixel steps: more than
@@ -30,11 +39,7 @@ void BM_LayersNumberAtCap(benchmark::State& state) {
     stand.set_float(EDIT_MIN_LONGITUDE, 1);
     stand.set_float(EDIT_MIN_LATITUDE, 5);
     stand.set_records(10, 100, 80);
-    int placements = 0;
-    for (auto _ : state) {
-        placements = stand.dlg().get_layers_number();
-    }
-    state.counters["placements"] = placements;
+    count_at_cap(state, stand);
 }
 
 // The same count with "Don't Intersect": 10 x 10 layers on a cylinder 10,000 wide and 6,000 high
@@ -42,18 +47,9 @@ void BM_LayersNumberAtCap(benchmark::State& state) {
 // against all footprints recorded before it.
 void BM_LayersNumberAtCapDontIntersect(benchmark::State& state) {
     CylinderStand stand;
-    stand.set_bool(CHECK_DONT_INTERSECT, true);
-    stand.set_float(EDIT_DIM_X, 10000);
-    stand.set_float(EDIT_DIM_Z, 10000);
-    stand.set_float(EDIT_DIM_Y, 6000);
-    stand.set_float(EDIT_MIN_LONGITUDE, 1);
-    stand.set_float(EDIT_MIN_LATITUDE, 20);
+    choose_dont_intersect(stand, 10000, 6000);
     stand.set_records(10, 10, 10);
-    int placements = 0;
-    for (auto _ : state) {
-        placements = stand.dlg().get_layers_number();
-    }
-    state.counters["placements"] = placements;
+    count_at_cap(state, stand);
 }
 
 }  // namespace

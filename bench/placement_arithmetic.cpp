@@ -1,3 +1,7 @@
+// A deliberate second copy of the arithmetic of "Distribute Evenly", written out again rather
+// than shared with the layout: the benchmarks set the layout's time against it, and
+// tests/bench_equivalence_test.cpp checks that both give the same values bit for bit, which it can
+// only do while they are two separate pieces of code.
 #include "bench/placement_arithmetic.h"
 
 #include <cmath>

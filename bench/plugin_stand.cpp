@@ -3,10 +3,8 @@
 #include "controls/control_ids.h"
 #include "platform/driver.h"
 
-#include <iterator>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace bench {
@@ -14,23 +12,6 @@ namespace bench {
 namespace {
 
 constexpr const char* kMenuText = "Orbisett";
-
-// Every suite version the plug-in may ask for.
-const std::pair<const char*, int> kSuites[] = {
-    {kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1},
-    {kAEGPCommandSuite, kAEGPCommandSuiteVersion1},
-    {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3},
-    {kAEGPCollectionSuite, kAEGPCollectionSuiteVersion1},
-    {kAEGPCompSuite, kAEGPCompSuiteVersion4},
-    {kAEGPItemSuite, kAEGPItemSuiteVersion3},
-    {kAEGPLayerSuite, kAEGPLayerSuiteVersion5},
-    {kAEGPLayerSuite, kAEGPLayerSuiteVersion8},
-    {kAEGPLayerSuite, kAEGPLayerSuiteVersion10},
-    {kAEGPStreamSuite, kAEGPStreamSuiteVersion4},
-    {kAEGPKeyframeSuite, kAEGPKeyframeSuiteVersion1},
-    {kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1},
-    {kPFAppSuite, kPFAppSuiteVersion2},
-};
 
 // Where the layers stand before any "Apply".
 constexpr host::Vec3 kStart{12.5, 34.5, 56.5};
@@ -92,9 +73,7 @@ void PluginStand::undo() { require(host_->undo(), "nothing to undo"); }
 HostCounts PluginStand::counts() const {
     HostCounts c;
     c.calls = host_->totalCalls();
-    for (const auto& [name, version] : kSuites) {
-        c.acquisitions += host_->acquireCount(name, version);
-    }
+    c.acquisitions = host_->acquireCount();
     return c;
 }
 

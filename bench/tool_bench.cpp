@@ -67,20 +67,8 @@ void BM_ToolProcess(benchmark::State& state, Variant variant) {
     const int n = static_cast<int>(state.range(0));
     const SceneFile scene(shapeOf(variant, n));
     const std::string out = outputPath();
-    ProcessRun last;
-    double cpu = 0;
-    for (auto _ : state) {
-        last = runToolProcess({scene.path(), "--out", out});
-        if (last.status != 0) {
-            state.SkipWithError("the tool failed");
-            break;
-        }
-        cpu += last.cpu;
-        state.SetIterationTime(last.wall);
-    }
+    const ProcessRun last = timeToolProcess(state, {scene.path(), "--out", out});
     std::remove(out.c_str());
-    state.counters["cpu_s"] = cpu / static_cast<double>(state.iterations());
-    state.counters["peak_rss_MB"] = static_cast<double>(last.peak_rss_kb) / 1024;
     state.counters["rss_per_layer_B"] = static_cast<double>(last.peak_rss_kb) * 1024 / n;
 }
 

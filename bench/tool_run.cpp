@@ -175,4 +175,21 @@ ProcessRun runToolProcess(const std::vector<std::string>& arguments) {
     return run;
 }
 
+ProcessRun timeToolProcess(benchmark::State& state, const std::vector<std::string>& arguments) {
+    ProcessRun last;
+    double cpu = 0;
+    for (auto _ : state) {
+        last = runToolProcess(arguments);
+        if (last.status != 0) {
+            state.SkipWithError("the tool failed");
+            break;
+        }
+        cpu += last.cpu;
+        state.SetIterationTime(last.wall);
+    }
+    state.counters["cpu_s"] = cpu / static_cast<double>(state.iterations());
+    state.counters["peak_rss_MB"] = static_cast<double>(last.peak_rss_kb) / 1024;
+    return last;
+}
+
 }  // namespace bench

@@ -3,6 +3,8 @@
 // time, its CPU time and its peak resident memory.
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <string>
 #include <vector>
 
@@ -34,5 +36,10 @@ struct ProcessRun {
 
 // Runs the built tool with these arguments, its standard output and error sent to /dev/null.
 ProcessRun runToolProcess(const std::vector<std::string>& arguments);
+
+// Runs the tool once per iteration of the benchmark, timed by its wall time, and sets the
+// counters "cpu_s" (per run) and "peak_rss_MB"; a run that fails ends the benchmark with an
+// error. The last run.
+ProcessRun timeToolProcess(benchmark::State& state, const std::vector<std::string>& arguments);
 
 }  // namespace bench

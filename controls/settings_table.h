@@ -5,13 +5,16 @@
 
 #include "adm_types.h"
 #include "controls/control_ids.h"
+#include "controls/product.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <span>
 #include <string_view>
 
-// Limits and defaults of the edit fields.
+// Limits and defaults of the edit fields (those of the layer count and the repeat count are only
+// in the table).
 inline constexpr float EDIT_DIM_X_MIN = 0.1f;
 inline constexpr float EDIT_DIM_X_MAX = 1e7f;
 inline constexpr float EDIT_DIM_X_DFLT = 1000.0f;
@@ -21,9 +24,6 @@ inline constexpr float EDIT_DIM_Y_DFLT = 2000.0f;
 inline constexpr float EDIT_DIM_Z_MIN = 0.1f;
 inline constexpr float EDIT_DIM_Z_MAX = 1e7f;
 inline constexpr float EDIT_DIM_Z_DFLT = 1000.0f;
-inline constexpr float EDIT_RADIUS_LAYERS_MIN = 3.0f;
-inline constexpr float EDIT_RADIUS_LAYERS_MAX = 1000.0f;
-inline constexpr float EDIT_RADIUS_LAYERS_DFLT = 4.0f;
 inline constexpr float EDIT_SPHERE_CENTER_X_MIN = -1e7f;
 inline constexpr float EDIT_SPHERE_CENTER_X_MAX = 1e7f;
 inline constexpr float EDIT_SPHERE_CENTER_X_DFLT = 0.0f;
@@ -54,9 +54,6 @@ inline constexpr float EDIT_LONGITUDE_INCREMENT_DFLT = 0.0f;
 inline constexpr float EDIT_MAX_LONGITUDE_MIN = 0.0f;
 inline constexpr float EDIT_MAX_LONGITUDE_MAX = 360.0f;
 inline constexpr float EDIT_MAX_LONGITUDE_DFLT = 45.0f;
-inline constexpr float EDIT_REPEAT_COUNT_MIN = 1.0f;
-inline constexpr float EDIT_REPEAT_COUNT_MAX = 10000.0f;
-inline constexpr float EDIT_REPEAT_COUNT_DFLT = 1.0f;
 
 enum class SettingKind { static_text, edit, check_box, radio, push_button, frame };
 
@@ -75,7 +72,7 @@ struct ControlSpec {
     float minimum;
     float maximum;
     float value;
-    bool shown;  // stays visible after the dialog's first refresh
+    bool shown;  // stays visible after the dialog's first refresh: not in kHiddenControls
 };
 
 // Controls 1 to 65, in creation order.
@@ -86,13 +83,26 @@ extern const std::array<ControlSpec, kCylinderControlCount> kCylinderControls;
 inline constexpr std::size_t kCylinderFrameCount = 5;
 extern const std::array<ControlSpec, kCylinderFrameCount> kCylinderFrames;
 
-// The controls the dialog never offers, in the order it hides them.
+// The controls the dialog never offers, in the order it hides them. A control's `shown` is
+// derived from this list.
 inline constexpr std::size_t kHiddenControlCount = 35;
-extern const std::array<ADMInt32, kHiddenControlCount> kHiddenControls;
+inline constexpr std::array<ADMInt32, kHiddenControlCount> kHiddenControls = {
+    STATIC_CYLINDER_CENTER, EDIT_SPHERE_CENTER_X, STATIC_CENTER_X,          EDIT_SPHERE_CENTER_Y,
+    STATIC_CENTER_Y,        EDIT_SPHERE_CENTER_Z, STATIC_CENTER_Z,          CHECK_DONT_INTERSECT,
+    CHECK_SCALE_LAYER,      EDIT_FORCE_CONFORM,   STATIC_BEGIN_AT,          RADIO_BEGIN_FRONT,
+    RADIO_BEGIN_RIGHT,      RADIO_BEGIN_BACK,     RADIO_BEGIN_LEFT,         STATIC_ACTIVE_SURFACE,
+    RADIO_WHOLE_CYLINDER,   RADIO_SECTOR,         RADIO_EQUATOR_ONLY,       CHECK_SECTOR_FRONT,
+    CHECK_SECTOR_RIGHT,     CHECK_SECTOR_BACK,    CHECK_SECTOR_LEFT,        CHECK_CREATE_RING,
+    FRAME_ACTIVE_SURFACE,   CHECK_REVERSE_ORDER,  CHECK_USE_COMP_CENTER,    STATIC_LATITUDE_MIN,
+    STATIC_LATITUDE_MAX,    EDIT_MAX_LATITUDE,    EDIT_LATITUDE_INCREMENT,  STATIC_LONGITUDE_MIN,
+    STATIC_LONGITUDE_MAX,   EDIT_MAX_LONGITUDE,   EDIT_LONGITUDE_INCREMENT,
+};
+
+constexpr bool hiddenByDialog(ADMInt32 id) {
+    return std::find(kHiddenControls.begin(), kHiddenControls.end(), id) != kHiddenControls.end();
+}
 
 // The version line, created last.
-inline constexpr const char* kProductName = "Orbisett";
-inline constexpr const char* kProductVersion = "1.3.2";
 inline constexpr const char* kVersionFormat = "%s v%s          ";
 inline constexpr short kVersionLeft = 8;
 inline constexpr short kVersionTop = 362;

@@ -1,5 +1,5 @@
 // "PF AE App Suite" 2: the host's interface colours.
-#include "host/host_state.h"
+#include "host/suite_call.h"
 #include "host/suite_tables.h"
 
 namespace host::detail {
@@ -23,27 +23,23 @@ constexpr NamedColor kColors[] = {
 };
 
 A_Err appGetColor(PF_App_ColorType color_type, PF_App_Color* app_color) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("PF_AppGetColor", err);
-    if (s == nullptr) {
-        return err;
-    }
-    if (app_color == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    for (const NamedColor& c : kColors) {
-        if (c.type == color_type) {
-            *app_color = c.color;
-            return A_Err_NONE;
+    return hostCall("PF_AppGetColor", given(app_color), [&](State&) {
+        for (const NamedColor& c : kColors) {
+            if (c.type == color_type) {
+                *app_color = c.color;
+                return A_Err_NONE;
+            }
         }
-    }
-    return A_Err_PARAMETER;
+        return A_Err_PARAMETER;
+    });
 }
 
 const PFAppSuite2 kSuite{appGetColor};
 
+const ServedSuite kServed[] = {{kPFAppSuite, kPFAppSuiteVersion2, &kSuite}};
+
 }  // namespace
 
-const PFAppSuite2* appSuite2() { return &kSuite; }
+std::span<const ServedSuite> appSuites() { return kServed; }
 
 }  // namespace host::detail

@@ -1,6 +1,6 @@
 // The basic suite: suites served by name and version, counted per acquire and release, and
 // refused when withheld.
-#include "host/host_state.h"
+#include "host/suite_call.h"
 #include "host/suite_tables.h"
 
 #include <cstdlib>
@@ -13,35 +13,23 @@ namespace detail {
 
 namespace {
 
-struct SuiteEntry {
-    std::string_view name;
-    int32_t version;
-    const void* table;
-};
-
-const std::vector<SuiteEntry>& servedSuites() {
-    static const std::vector<SuiteEntry> entries = {
-        {kAEGPRegisterSuite, kAEGPRegisterSuiteVersion1, registerSuite1()},
-        {kAEGPCommandSuite, kAEGPCommandSuiteVersion1, commandSuite1()},
-        {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3, utilitySuite3()},
-        {kAEGPCollectionSuite, kAEGPCollectionSuiteVersion1, collectionSuite1()},
-        {kAEGPCompSuite, kAEGPCompSuiteVersion4, compSuite4()},
-        {kAEGPItemSuite, kAEGPItemSuiteVersion3, itemSuite3()},
-        {kAEGPLayerSuite, kAEGPLayerSuiteVersion5, layerSuite5()},
-        {kAEGPLayerSuite, kAEGPLayerSuiteVersion8, layerSuite8()},
-        {kAEGPLayerSuite, kAEGPLayerSuiteVersion10, layerSuite10()},
-        {kAEGPStreamSuite, kAEGPStreamSuiteVersion4, streamSuite4()},
-        {kAEGPKeyframeSuite, kAEGPKeyframeSuiteVersion1, keyframeSuite1()},
-        {kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1, panelSuite1()},
-        {kPFAppSuite, kPFAppSuiteVersion2, appSuite2()},
-    };
-    return entries;
+const std::vector<ServedSuite>& servedSuites() {
+    static const std::vector<ServedSuite> all = [] {
+        std::vector<ServedSuite> suites;
+        for (std::span<const ServedSuite> file :
+             {registerSuites(), commandSuites(), utilitySuites(), collectionSuites(), compAndItemSuites(),
+              layerSuites(), streamAndKeyframeSuites(), panelSuites(), appSuites()}) {
+            suites.insert(suites.end(), file.begin(), file.end());
+        }
+        return suites;
+    }();
+    return all;
 }
 
 }  // namespace
 
 const void* suiteTable(std::string_view name, int32_t version) {
-    for (const SuiteEntry& e : servedSuites()) {
+    for (const ServedSuite& e : servedSuites()) {
         if (e.name == name && e.version == version) {
             return e.table;
         }
@@ -51,7 +39,7 @@ const void* suiteTable(std::string_view name, int32_t version) {
 
 std::vector<std::string> suiteKeys() {
     std::vector<std::string> keys;
-    for (const SuiteEntry& e : servedSuites()) {
+    for (const ServedSuite& e : servedSuites()) {
         keys.push_back(suiteKey(e.name, e.version));
     }
     return keys;
@@ -78,46 +66,34 @@ SuiteSlot& suiteSlot(State& s, const char* name, int32_t version) {
 }
 
 SPErr acquireSuite(const char* name, int32_t version, const void** suite) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("AcquireSuite", err);
-    if (s == nullptr) {
-        return err;
-    }
-    if (name == nullptr || suite == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    SuiteSlot* slot = &suiteSlot(*s, name, version);
-    if (slot->table == nullptr || slot->withheld) {
-        s->refused.push_back(RefusedCall{"AcquireSuite " + suiteKey(name, version), A_Err_MISSING_SUITE});
-        return A_Err_MISSING_SUITE;
-    }
-    if (slot->count == nullptr) {
-        // A suite counted for the first time: slots holding no count for it must look again.
-        s->suite_counts.try_emplace(suiteKey(name, version));
-        forgetSuiteSlots(*s);
-        slot = &suiteSlot(*s, name, version);
-    }
-    ++slot->count->acquired;
-    *suite = slot->table;
-    return A_Err_NONE;
+    return hostCall("AcquireSuite", given(name, suite), [&](State& s) {
+        SuiteSlot* slot = &suiteSlot(s, name, version);
+        if (slot->table == nullptr || slot->withheld) {
+            s.refused.push_back(RefusedCall{"AcquireSuite " + suiteKey(name, version), A_Err_MISSING_SUITE});
+            return A_Err_MISSING_SUITE;
+        }
+        if (slot->count == nullptr) {
+            // A suite counted for the first time: slots holding no count for it must look again.
+            s.suite_counts.try_emplace(suiteKey(name, version));
+            forgetSuiteSlots(s);
+            slot = &suiteSlot(s, name, version);
+        }
+        ++slot->count->acquired;
+        *suite = slot->table;
+        return A_Err_NONE;
+    });
 }
 
 SPErr releaseSuite(const char* name, int32_t version) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("ReleaseSuite", err);
-    if (s == nullptr) {
-        return err;
-    }
-    if (name == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    SuiteCount* count = suiteSlot(*s, name, version).count;
-    if (count == nullptr || count->released >= count->acquired) {
-        ++s->stray_releases;
-        return A_Err_PARAMETER;
-    }
-    ++count->released;
-    return A_Err_NONE;
+    return hostCall("ReleaseSuite", given(name), [&](State& s) {
+        SuiteCount* count = suiteSlot(s, name, version).count;
+        if (count == nullptr || count->released >= count->acquired) {
+            ++s.stray_releases;
+            return A_Err_PARAMETER;
+        }
+        ++count->released;
+        return A_Err_NONE;
+    });
 }
 
 A_Boolean isEqual(const char* a, const char* b) {
@@ -128,15 +104,9 @@ A_Boolean isEqual(const char* a, const char* b) {
     return a != nullptr && b != nullptr && std::strcmp(a, b) == 0;
 }
 
-SPErr allocateBlock(std::size_t size, void** block) {
-    A_Err err = A_Err_NONE;
-    if (enter("AllocateBlock", err) == nullptr) {
-        return err;
-    }
-    if (block == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    void* p = std::malloc(size == 0 ? 1 : size);
+// Hands out a block the allocator gave; blocks are at least one byte, so that one asked for with
+// size 0 is still a block to free.
+SPErr allocated(void* p, void** block) {
     if (p == nullptr) {
         return A_Err_ALLOC;
     }
@@ -144,37 +114,25 @@ SPErr allocateBlock(std::size_t size, void** block) {
     return A_Err_NONE;
 }
 
+SPErr allocateBlock(std::size_t size, void** block) {
+    return hostCall("AllocateBlock", given(block),
+                    [&](State&) { return allocated(std::malloc(size == 0 ? 1 : size), block); });
+}
+
 SPErr freeBlock(void* block) {
-    A_Err err = A_Err_NONE;
-    if (enter("FreeBlock", err) == nullptr) {
-        return err;
-    }
-    std::free(block);
-    return A_Err_NONE;
+    return hostCall("FreeBlock", [&](State&) {
+        std::free(block);
+        return A_Err_NONE;
+    });
 }
 
 SPErr reallocateBlock(void* block, std::size_t new_size, void** new_block) {
-    A_Err err = A_Err_NONE;
-    if (enter("ReallocateBlock", err) == nullptr) {
-        return err;
-    }
-    if (new_block == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    void* p = std::realloc(block, new_size == 0 ? 1 : new_size);
-    if (p == nullptr) {
-        return A_Err_ALLOC;
-    }
-    *new_block = p;
-    return A_Err_NONE;
+    return hostCall("ReallocateBlock", given(new_block),
+                    [&](State&) { return allocated(std::realloc(block, new_size == 0 ? 1 : new_size), new_block); });
 }
 
 SPErr undefined() {
-    A_Err err = A_Err_NONE;
-    if (enter("Undefined", err) == nullptr) {
-        return err;
-    }
-    return A_Err_GENERIC;
+    return hostCall("Undefined", [](State&) { return A_Err_GENERIC; });
 }
 
 }  // namespace
@@ -217,6 +175,14 @@ int Host::acquireCount(std::string_view name, int32_t version) const {
 int Host::releaseCount(std::string_view name, int32_t version) const {
     auto it = state_->suite_counts.find(suiteKey(name, version));
     return it == state_->suite_counts.end() ? 0 : it->second.released;
+}
+
+int Host::acquireCount() const {
+    int total = 0;
+    for (const auto& [key, count] : state_->suite_counts) {
+        total += count.acquired;
+    }
+    return total;
 }
 
 bool Host::allSuitesReleased() const { return unreleasedSuites().empty(); }

@@ -99,6 +99,8 @@ public:
     // Successful acquires and releases of one suite version.
     int acquireCount(std::string_view name, int32_t version) const;
     int releaseCount(std::string_view name, int32_t version) const;
+    // Successful acquires of all suites together.
+    int acquireCount() const;
     // Whether every suite acquired was released as often; the keys of those that were not.
     bool allSuitesReleased() const;
     std::vector<std::string> unreleasedSuites() const;

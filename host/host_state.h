@@ -70,30 +70,23 @@ struct Stream {
     Prop prop = Prop::position;
 };
 
-struct CommandHookEntry {
+// A registered hook: the plug-in that registered it, the function and the refcon it gets back.
+template <typename Hook, typename Refcon>
+struct HookEntry {
     AEGP_PluginID plugin = 0;
+    Hook hook = nullptr;
+    Refcon refcon = nullptr;
+};
+
+using UpdateMenuHookEntry = HookEntry<AEGP_UpdateMenuHook, AEGP_UpdateMenuRefcon>;
+using DeathHookEntry = HookEntry<AEGP_DeathHook, AEGP_DeathRefcon>;
+using IdleHookEntry = HookEntry<AEGP_IdleHook, AEGP_IdleRefcon>;
+
+// A command hook also says which command it takes (0: every one) and whether it runs before or
+// after the host's own handling.
+struct CommandHookEntry : HookEntry<AEGP_CommandHook, AEGP_CommandRefcon> {
     AEGP_HookPriority priority = AEGP_HP_BeforeAE;
     AEGP_Command command = 0;
-    AEGP_CommandHook hook = nullptr;
-    AEGP_CommandRefcon refcon = nullptr;
-};
-
-struct UpdateMenuHookEntry {
-    AEGP_PluginID plugin = 0;
-    AEGP_UpdateMenuHook hook = nullptr;
-    AEGP_UpdateMenuRefcon refcon = nullptr;
-};
-
-struct DeathHookEntry {
-    AEGP_PluginID plugin = 0;
-    AEGP_DeathHook hook = nullptr;
-    AEGP_DeathRefcon refcon = nullptr;
-};
-
-struct IdleHookEntry {
-    AEGP_PluginID plugin = 0;
-    AEGP_IdleHook hook = nullptr;
-    AEGP_IdleRefcon refcon = nullptr;
 };
 
 struct Panel {

@@ -38,37 +38,29 @@ void JsonText::beforeValue() {
     }
 }
 
-void JsonText::beginObject() {
+void JsonText::open(char bracket) {
     beforeValue();
-    buffer_ += '{';
+    buffer_ += bracket;
     empty_.push_back(true);
 }
 
-void JsonText::endObject() {
+void JsonText::close(char bracket) {
     const bool was_empty = empty_.back();
     empty_.pop_back();
     if (!was_empty) {
         newline(empty_.size());
     }
-    buffer_ += '}';
+    buffer_ += bracket;
     spill();
 }
 
-void JsonText::beginArray() {
-    beforeValue();
-    buffer_ += '[';
-    empty_.push_back(true);
-}
+void JsonText::beginObject() { open('{'); }
 
-void JsonText::endArray() {
-    const bool was_empty = empty_.back();
-    empty_.pop_back();
-    if (!was_empty) {
-        newline(empty_.size());
-    }
-    buffer_ += ']';
-    spill();
-}
+void JsonText::endObject() { close('}'); }
+
+void JsonText::beginArray() { open('['); }
+
+void JsonText::endArray() { close(']'); }
 
 void JsonText::key(std::string_view name) {
     if (!empty_.back()) {

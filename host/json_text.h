@@ -34,6 +34,12 @@ public:
     void value(std::string_view text);
     void value(const char* text) { value(std::string_view(text)); }
     void value(const std::string& text) { value(std::string_view(text)); }
+    // A key and its value.
+    template <typename T>
+    void member(std::string_view name, const T& v) {
+        key(name);
+        value(v);
+    }
     // A whole document of the library, nested at the current place.
     void document(const nlohmann::json& document);
 
@@ -44,6 +50,8 @@ public:
 
 private:
     void beforeValue();
+    void open(char bracket);
+    void close(char bracket);
     void newline(std::size_t depth);
     void quoted(std::string_view text);
     void spill();

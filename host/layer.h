@@ -59,11 +59,11 @@ struct Layer {
     std::string name;
     AEGP_ObjectType type = AEGP_ObjectType_AV;
     bool three_d = true;
-    Id source = 0;                           // a footage item (or comp); 0 for none
-    std::array<Property, kPropCount> props;  // indexed by Prop
-    Id copy_of = 0;                          // the layer this one was made as a copy of
-    int scene_number = 0;                    // 1-based place in the scene it was read from; 0 if made later
-    int copy_of_number = 0;                  // "copy_of" as read from a scene: the scene number it copies
+    Id source = 0;                             // a footage item (or comp); 0 for none
+    std::array<Property, kPropCount> props{};  // indexed by Prop
+    Id copy_of = 0;                            // the layer this one was made as a copy of
+    int scene_number = 0;                      // 1-based place in the scene it was read from; 0 if made later
+    int copy_of_number = 0;                    // "copy_of" as read from a scene: the scene number it copies
 
     Property& prop(Prop p) { return props[static_cast<std::size_t>(p)]; }
     const Property& prop(Prop p) const { return props[static_cast<std::size_t>(p)]; }

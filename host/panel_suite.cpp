@@ -1,5 +1,5 @@
 // "AEGP Workspace Panel Suite" 1: create-panel hooks by match name, titles and visibility.
-#include "host/host_state.h"
+#include "host/suite_call.h"
 #include "host/suite_tables.h"
 
 #include <algorithm>
@@ -10,92 +10,72 @@ namespace {
 
 std::string_view text(const A_u_char* utf8) { return reinterpret_cast<const char*>(utf8); }
 
+// The panel registered under a match name; `body` gets it.
+template <typename Body>
+A_Err onPanel(const char* function, const A_u_char* utf8_match_name, bool valid, Body&& body) {
+    const auto find = [&](State& s) {
+        return utf8_match_name != nullptr ? findPanel(s, text(utf8_match_name)) : nullptr;
+    };
+    return hostCallOn(function, find, valid, body);
+}
+
 A_Err registerCreatePanelHook(AEGP_PluginID plugin_id, const A_u_char* utf8_match_name, AEGP_CreatePanelHook hook,
                               AEGP_CreatePanelRefcon refcon, A_Boolean paint_background) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("AEGP_RegisterCreatePanelHook", err);
-    if (s == nullptr) {
-        return err;
-    }
-    if (utf8_match_name == nullptr || hook == nullptr || text(utf8_match_name).empty() ||
-        findPanel(*s, text(utf8_match_name)) != nullptr) {
-        return A_Err_PARAMETER;
-    }
-    Panel panel;
-    panel.match = text(utf8_match_name);
-    panel.plugin = plugin_id;
-    panel.hook = hook;
-    panel.refcon = refcon;
-    panel.paint_background = paint_background != 0;
-    s->panels.push_back(std::move(panel));
-    return A_Err_NONE;
+    const bool valid = given(utf8_match_name, hook) && !text(utf8_match_name).empty();
+    return hostCall("AEGP_RegisterCreatePanelHook", valid, [&](State& s) {
+        if (findPanel(s, text(utf8_match_name)) != nullptr) {
+            return A_Err_PARAMETER;
+        }
+        Panel panel;
+        panel.match = text(utf8_match_name);
+        panel.plugin = plugin_id;
+        panel.hook = hook;
+        panel.refcon = refcon;
+        panel.paint_background = paint_background != 0;
+        s.panels.push_back(std::move(panel));
+        return A_Err_NONE;
+    });
 }
 
 A_Err unRegisterCreatePanelHook(const A_u_char* utf8_match_name) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("AEGP_UnRegisterCreatePanelHook", err);
-    if (s == nullptr) {
-        return err;
-    }
-    Panel* panel = utf8_match_name != nullptr ? findPanel(*s, text(utf8_match_name)) : nullptr;
-    if (panel == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    const std::string match = panel->match;
-    if (panel->created) {
-        s->owner->disposePanel(match);
-    }
-    std::erase_if(s->panels, [&](const Panel& p) { return p.match == match; });
-    return A_Err_NONE;
+    return onPanel("AEGP_UnRegisterCreatePanelHook", utf8_match_name, true, [&](State& s, Panel& panel) {
+        const std::string match = panel.match;
+        if (panel.created) {
+            s.owner->disposePanel(match);
+        }
+        std::erase_if(s.panels, [&](const Panel& p) { return p.match == match; });
+        return A_Err_NONE;
+    });
 }
 
 A_Err setTitle(AEGP_PanelH panel, const A_u_char* utf8_name) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("AEGP_SetTitle", err);
-    if (s == nullptr) {
-        return err;
-    }
-    Panel* p = findPanelByHandle(*s, panel);
-    if (p == nullptr || utf8_name == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    p->title = text(utf8_name);
-    return A_Err_NONE;
+    const auto find = [&](State& s) { return findPanelByHandle(s, panel); };
+    return hostCallOn("AEGP_SetTitle", find, given(utf8_name), [&](State&, Panel& p) {
+        p.title = text(utf8_name);
+        return A_Err_NONE;
+    });
 }
 
 A_Err toggleVisibility(const A_u_char* utf8_match_name) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("AEGP_ToggleVisibility", err);
-    if (s == nullptr) {
-        return err;
-    }
-    Panel* panel = utf8_match_name != nullptr ? findPanel(*s, text(utf8_match_name)) : nullptr;
-    if (panel == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    return togglePanel(*s, *panel);
+    return onPanel("AEGP_ToggleVisibility", utf8_match_name, true,
+                   [&](State& s, Panel& panel) { return togglePanel(s, panel); });
 }
 
 A_Err isShown(const A_u_char* utf8_match_name, A_Boolean* tab_is_shown, A_Boolean* panel_is_frontmost) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("AEGP_IsShown", err);
-    if (s == nullptr) {
-        return err;
-    }
-    Panel* panel = utf8_match_name != nullptr ? findPanel(*s, text(utf8_match_name)) : nullptr;
-    if (panel == nullptr || tab_is_shown == nullptr || panel_is_frontmost == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    // One panel per frame here: a shown panel is its frame's front tab.
-    *tab_is_shown = panel->shown ? 1 : 0;
-    *panel_is_frontmost = panel->shown ? 1 : 0;
-    return A_Err_NONE;
+    return onPanel("AEGP_IsShown", utf8_match_name, given(tab_is_shown, panel_is_frontmost), [&](State&, Panel& panel) {
+        // One panel per frame here: a shown panel is its frame's front tab.
+        *tab_is_shown = panel.shown ? 1 : 0;
+        *panel_is_frontmost = panel.shown ? 1 : 0;
+        return A_Err_NONE;
+    });
 }
 
 const AEGP_PanelSuite1 kSuite{registerCreatePanelHook, unRegisterCreatePanelHook, setTitle, toggleVisibility, isShown};
 
+const ServedSuite kServed[] = {{kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1, &kSuite}};
+
 }  // namespace
 
-const AEGP_PanelSuite1* panelSuite1() { return &kSuite; }
+std::span<const ServedSuite> panelSuites() { return kServed; }
 
 }  // namespace host::detail

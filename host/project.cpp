@@ -151,23 +151,12 @@ std::size_t FootageIndex::find(const std::vector<Footage>& list, Id id) const {
 }
 
 Id Project::addFootage(std::string name, A_long width, A_long height) {
-    Footage f;
-    f.id = newId();
-    f.name = std::move(name);
-    f.width = width;
-    f.height = height;
-    footage.push_back(std::move(f));
+    footage.push_back(Footage{.id = newId(), .name = std::move(name), .width = width, .height = height});
     return footage.back().id;
 }
 
 Id Project::addComp(std::string name, A_long width, A_long height, A_Time time) {
-    Comp c;
-    c.id = newId();
-    c.name = std::move(name);
-    c.width = width;
-    c.height = height;
-    c.time = time;
-    comps.push_back(std::move(c));
+    comps.push_back(Comp{.id = newId(), .name = std::move(name), .width = width, .height = height, .time = time});
     if (comps.size() == 1) {
         active = comps.back().id;
     }
@@ -175,12 +164,7 @@ Id Project::addComp(std::string name, A_long width, A_long height, A_Time time) 
 }
 
 Layer newLayer(std::string name, AEGP_ObjectType type, bool three_d, Id source) {
-    Layer l;
-    l.id = newId();
-    l.name = std::move(name);
-    l.type = type;
-    l.three_d = three_d;
-    l.source = source;
+    Layer l{.id = newId(), .name = std::move(name), .type = type, .three_d = three_d, .source = source};
     l.prop(Prop::scale).value = Vec3{100, 100, 100};
     return l;
 }

@@ -24,9 +24,9 @@ struct Comp {
     Id id = 0;  // also the id of the composition's project item
     std::string name;
     A_long width = 0, height = 0;
-    A_Time time{0, 1};          // the current time; every layer's current time
-    LayerList layers;           // layer order: index 0 is layer number 1
-    std::vector<Id> selection;  // selected layers in the order they were selected
+    A_Time time{0, 1};            // the current time; every layer's current time
+    LayerList layers{};           // layer order: index 0 is layer number 1
+    std::vector<Id> selection{};  // selected layers in the order they were selected
 };
 
 // A layer with a new id, Scale at 100 % and everything else at rest, not yet in a composition.

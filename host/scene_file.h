@@ -11,6 +11,7 @@
 #include <ostream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,12 @@ namespace host {
 class SceneError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
+};
+
+// Layer types by their names in scene files.
+inline constexpr std::pair<std::string_view, AEGP_ObjectType> kLayerTypeNames[] = {
+    {"av", AEGP_ObjectType_AV},         {"text", AEGP_ObjectType_TEXT},   {"vector", AEGP_ObjectType_VECTOR},
+    {"camera", AEGP_ObjectType_CAMERA}, {"light", AEGP_ObjectType_LIGHT},
 };
 
 struct Scene {

@@ -368,11 +368,7 @@ private:
 
     AEGP_ObjectType readType(const json& j, const std::string& path) const {
         const std::string type = readString(j, path);
-        static const std::pair<const char*, AEGP_ObjectType> kTypes[] = {
-            {"av", AEGP_ObjectType_AV},         {"text", AEGP_ObjectType_TEXT},   {"vector", AEGP_ObjectType_VECTOR},
-            {"camera", AEGP_ObjectType_CAMERA}, {"light", AEGP_ObjectType_LIGHT},
-        };
-        for (const auto& [name, value] : kTypes) {
+        for (const auto& [name, value] : kLayerTypeNames) {
             if (type == name) {
                 return value;
             }

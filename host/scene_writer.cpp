@@ -13,19 +13,13 @@ namespace host {
 
 namespace {
 
-const char* typeText(AEGP_ObjectType type) {
-    switch (type) {
-        case AEGP_ObjectType_TEXT:
-            return "text";
-        case AEGP_ObjectType_VECTOR:
-            return "vector";
-        case AEGP_ObjectType_CAMERA:
-            return "camera";
-        case AEGP_ObjectType_LIGHT:
-            return "light";
-        default:
-            return "av";
+std::string_view typeText(AEGP_ObjectType type) {
+    for (const auto& [name, value] : kLayerTypeNames) {
+        if (value == type) {
+            return name;
+        }
     }
+    return "av";
 }
 
 void vec3(JsonText& out, const Vec3& v) {
@@ -38,19 +32,15 @@ void vec3(JsonText& out, const Vec3& v) {
 
 void time(JsonText& out, const A_Time& t) {
     out.beginObject();
-    out.key("value");
-    out.value(t.value);
-    out.key("scale");
-    out.value(t.scale);
+    out.member("value", t.value);
+    out.member("scale", t.scale);
     out.endObject();
 }
 
 void size(JsonText& out, A_long width, A_long height) {
     out.beginObject();
-    out.key("width");
-    out.value(width);
-    out.key("height");
-    out.value(height);
+    out.member("width", width);
+    out.member("height", height);
     out.endObject();
 }
 
@@ -107,12 +97,9 @@ void keyframes(JsonText& out, const Layer& layer) {
 
 void layerJson(JsonText& out, const Project& project, const Layer& layer, bool selected) {
     out.beginObject();
-    out.key("name");
-    out.value(layer.name);
-    out.key("type");
-    out.value(typeText(layer.type));
-    out.key("three_d");
-    out.value(layer.three_d);
+    out.member("name", layer.name);
+    out.member("type", typeText(layer.type));
+    out.member("three_d", layer.three_d);
     if (const Footage* source = project.findFootage(layer.source)) {
         out.key("source");
         size(out, source->width, source->height);
@@ -133,11 +120,9 @@ void layerJson(JsonText& out, const Project& project, const Layer& layer, bool s
         out.key("keyframes");
         keyframes(out, layer);
     }
-    out.key("selected");
-    out.value(selected);
+    out.member("selected", selected);
     if (const int copied = copiedNumber(project, layer); copied > 0) {
-        out.key("copy_of");
-        out.value(copied);
+        out.member("copy_of", copied);
     }
     out.endObject();
 }
@@ -151,8 +136,7 @@ const Comp* sceneComp(const Project& project) {
 
 void writeHost(JsonText& out, const Host& host) {
     out.beginObject();
-    out.key("panels");
-    out.value(!host.isWithheld(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1));
+    out.member("panels", !host.isWithheld(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1));
     out.key("withhold");
     out.beginArray();
     const std::string panel_key = suiteKey(kAEGPWorkspacePanelSuite, kAEGPWorkspacePanelSuiteVersion1);
@@ -167,12 +151,9 @@ void writeHost(JsonText& out, const Host& host) {
 
 void writeComp(JsonText& out, const Comp& comp) {
     out.beginObject();
-    out.key("name");
-    out.value(comp.name);
-    out.key("width");
-    out.value(comp.width);
-    out.key("height");
-    out.value(comp.height);
+    out.member("name", comp.name);
+    out.member("width", comp.width);
+    out.member("height", comp.height);
     out.key("time");
     time(out, comp.time);
     out.endObject();
@@ -206,12 +187,9 @@ void writeRecord(JsonText& out, const Host& host) {
     for (const UndoGroup& g : host.undoGroups()) {
         if (g.depth == 0) {
             out.beginObject();
-            out.key("name");
-            out.value(g.name);
-            out.key("closed");
-            out.value(g.closed);
-            out.key("undone");
-            out.value(g.undone);
+            out.member("name", g.name);
+            out.member("closed", g.closed);
+            out.member("undone", g.undone);
             out.endObject();
         }
     }

@@ -1,22 +1,29 @@
-// The host's suite tables, one getter per suite version it serves.
+// The suites the host serves: each suite file lists its tables with the name and version each
+// serves, in the order the host lists them.
 #pragma once
 
 #include "host_api.h"
 
+#include <cstdint>
+#include <span>
+#include <string_view>
+
 namespace host::detail {
 
-const AEGP_RegisterSuite1* registerSuite1();
-const AEGP_CommandSuite1* commandSuite1();
-const AEGP_UtilitySuite3* utilitySuite3();
-const AEGP_CollectionSuite1* collectionSuite1();
-const AEGP_CompSuite4* compSuite4();
-const AEGP_ItemSuite3* itemSuite3();
-const AEGP_LayerSuite5* layerSuite5();
-const AEGP_LayerSuite8* layerSuite8();
-const AEGP_LayerSuite10* layerSuite10();
-const AEGP_StreamSuite4* streamSuite4();
-const AEGP_KeyframeSuite1* keyframeSuite1();
-const AEGP_PanelSuite1* panelSuite1();
-const PFAppSuite2* appSuite2();
+struct ServedSuite {
+    std::string_view name;
+    int32_t version;
+    const void* table;
+};
+
+std::span<const ServedSuite> registerSuites();
+std::span<const ServedSuite> commandSuites();
+std::span<const ServedSuite> utilitySuites();
+std::span<const ServedSuite> collectionSuites();
+std::span<const ServedSuite> compAndItemSuites();
+std::span<const ServedSuite> layerSuites();
+std::span<const ServedSuite> streamAndKeyframeSuites();
+std::span<const ServedSuite> panelSuites();
+std::span<const ServedSuite> appSuites();
 
 }  // namespace host::detail

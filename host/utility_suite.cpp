@@ -1,5 +1,5 @@
 // "AEGP Utility Suite" 3: reports to the user and undo groups.
-#include "host/host_state.h"
+#include "host/suite_call.h"
 #include "host/suite_tables.h"
 
 namespace host::detail {
@@ -7,44 +7,29 @@ namespace host::detail {
 namespace {
 
 A_Err reportInfo(AEGP_PluginID plugin_id, const A_char* info_string) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("AEGP_ReportInfo", err);
-    if (s == nullptr) {
-        return err;
-    }
-    if (info_string == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    s->reports.push_back(Report{plugin_id, info_string});
-    return A_Err_NONE;
+    return hostCall("AEGP_ReportInfo", given(info_string), [&](State& s) {
+        s.reports.push_back(Report{plugin_id, info_string});
+        return A_Err_NONE;
+    });
 }
 
 A_Err startUndoGroupCall(const A_char* undo_name) {
-    A_Err err = A_Err_NONE;
-    State* s = enter("AEGP_StartUndoGroup", err);
-    if (s == nullptr) {
-        return err;
-    }
-    if (undo_name == nullptr) {
-        return A_Err_PARAMETER;
-    }
-    startUndoGroup(*s, undo_name);
-    return A_Err_NONE;
+    return hostCall("AEGP_StartUndoGroup", given(undo_name), [&](State& s) {
+        startUndoGroup(s, undo_name);
+        return A_Err_NONE;
+    });
 }
 
 A_Err endUndoGroupCall() {
-    A_Err err = A_Err_NONE;
-    State* s = enter("AEGP_EndUndoGroup", err);
-    if (s == nullptr) {
-        return err;
-    }
-    return endUndoGroup(*s);
+    return hostCall("AEGP_EndUndoGroup", [](State& s) { return endUndoGroup(s); });
 }
 
 const AEGP_UtilitySuite3 kSuite{reportInfo, startUndoGroupCall, endUndoGroupCall};
 
+const ServedSuite kServed[] = {{kAEGPUtilitySuite, kAEGPUtilitySuiteVersion3, &kSuite}};
+
 }  // namespace
 
-const AEGP_UtilitySuite3* utilitySuite3() { return &kSuite; }
+std::span<const ServedSuite> utilitySuites() { return kServed; }
 
 }  // namespace host::detail

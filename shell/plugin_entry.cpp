@@ -1,5 +1,6 @@
 // The plug-in's face to the host: the exported entry point and the hooks it registers.
 
+#include "controls/product.h"
 #include "cylinder/MainDlg.h"
 #include "shell/global_suites.h"
 #include "shell/suite_handler.h"
@@ -7,10 +8,6 @@
 #include <cstdio>
 
 namespace {
-
-constexpr const char* kProductName = "Orbisett";
-constexpr int kMajorVersion = 1;
-constexpr int kMinorVersion = 3;
 
 AEGP_PluginID _plugin_id = 0;
 AEGP_Command _cmd_id = 0;
@@ -159,7 +156,8 @@ extern "C" __attribute__((visibility("default"))) A_Err PluginEntry(SPBasicSuite
     _plugin_id = plugin_id;
     sSPBasic = pica_basic;
     AEGP_SuiteHandler suites(sSPBasic);
-    std::snprintf(_dialog_id, sizeof _dialog_id, "DE_%s v%i.%i", kProductName, kMajorVersion, kMinorVersion);
+    std::snprintf(_dialog_id, sizeof _dialog_id, "DE_%s v%i.%i", kProductName, kProductMajorVersion,
+                  kProductMinorVersion);
 
     if (suites.RegisterSuite1()->AEGP_RegisterDeathHook(_plugin_id, on_destroy, nullptr) != A_Err_NONE) {
         return suites.UtilitySuite3()->AEGP_ReportInfo(_plugin_id, "Could not register death hook.");

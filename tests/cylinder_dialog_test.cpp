@@ -1,104 +1,14 @@
 #include "cylinder_fixture.h"
 
-#include <iomanip>
-#include <sstream>
-#include <string>
+#include <algorithm>
+#include <iterator>
+#include <set>
 #include <vector>
 
 namespace {
 
 constexpr SettingKind T = SettingKind::static_text, E = SettingKind::edit, C = SettingKind::check_box,
-                      R = SettingKind::radio, P = SettingKind::push_button, F = SettingKind::frame;
-constexpr bool Y = true, N = false;
-
-// The controls the dialog offers, in creation order: id, name, kind, label, left, top, width,
-// height, minimum, maximum, default or initial state, and whether they stay shown after the first
-// refresh. Check boxes and radios run from 0 to 1; static texts take their size from their text.
-const ControlSpec kPinned[] = {
-    {209, "STATIC_BOUNDING_BOX", T, "Bounding Box", 40, 18, 0, 0, 0, 0, 0, Y},
-    {215, "STATIC_DIM_X", T, "X", 22, 38, 0, 0, 0, 0, 0, Y},
-    {210, "EDIT_DIM_X", E, "", 40, 36, 75, 18, 0.1, 1e7, 1000, Y},
-    {216, "STATIC_DIM_Y", T, "Y", 137, 38, 0, 0, 0, 0, 0, Y},
-    {211, "EDIT_DIM_Y", E, "", 155, 36, 75, 18, 0.1, 1e7, 2000, Y},
-    {217, "STATIC_DIM_Z", T, "Z", 252, 38, 0, 0, 0, 0, 0, Y},
-    {212, "EDIT_DIM_Z", E, "", 270, 36, 75, 18, 0.1, 1e7, 1000, Y},
-    {283, "CHECK_RADIUS_BY_FIRST", C, "Radius Set by First", 40, 59, 130, 15, 0, 1, 0, Y},
-    {282, "EDIT_RADIUS_LAYERS", E, "", 155, 59, 75, 18, 3, 1000, 4, Y},
-    {0, "", T, "Layers", 240, 61, 0, 0, 0, 0, 0, Y},
-    {300, "STATIC_CYLINDER_CENTER", T, "Cylinder Center", 40, 82, 0, 0, 0, 0, 0, N},
-    {301, "STATIC_CENTER_X", T, "X", 22, 102, 0, 0, 0, 0, 0, N},
-    {220, "EDIT_SPHERE_CENTER_X", E, "", 40, 100, 75, 18, -1e7, 1e7, 0, N},
-    {302, "STATIC_CENTER_Y", T, "Y", 137, 102, 0, 0, 0, 0, 0, N},
-    {221, "EDIT_SPHERE_CENTER_Y", E, "", 155, 100, 75, 18, -1e7, 1e7, 0, N},
-    {303, "STATIC_CENTER_Z", T, "Z", 252, 102, 0, 0, 0, 0, 0, N},
-    {222, "EDIT_SPHERE_CENTER_Z", E, "", 270, 100, 75, 18, -1e7, 1e7, 0, N},
-    {223, "CHECK_DISTRIBUTE_EVENLY", C, "Distribute Evenly", 155, 242, 120, 15, 0, 1, 0, Y},
-    {224, "CHECK_DONT_INTERSECT", C, "Don't Intersect", 200, 132, 120, 15, 0, 1, 0, N},
-    {264, "CHECK_SCALE_LAYER", C, "Scale Layer to", 40, 155, 115, 15, 0, 1, 0, N},
-    {265, "EDIT_FORCE_CONFORM", E, "", 155, 155, 75, 18, 0.1, 10000, 200, N},
-    {0, "", T, "pixels", 240, 100, 0, 0, 0, 0, 0, Y},
-    {0, "", T, "degrees", 240, 132, 0, 0, 0, 0, 0, Y},
-    {0, "", T, "Distance Between", 40, 100, 0, 0, 0, 0, 0, Y},
-    {0, "", T, "Layers Vertically", 40, 112, 0, 0, 0, 0, 0, Y},
-    {228, "STATIC_LATITUDE_MIN", T, "min", 120, 198, 0, 0, 0, 0, 0, N},
-    {232, "EDIT_MIN_LATITUDE", E, "", 155, 100, 75, 18, 0, 1e7, 50, Y},
-    {236, "EDIT_LATITUDE_INCREMENT", E, "", 270, 196, 75, 18, 0, 180, 0, N},
-    {229, "STATIC_LATITUDE_MAX", T, "max", 120, 221, 0, 0, 0, 0, 0, N},
-    {233, "EDIT_MAX_LATITUDE", E, "", 155, 219, 75, 18, 0, 1e7, 50, N},
-    {0, "", T, "Frequency of Layers", 40, 132, 0, 0, 0, 0, 0, Y},
-    {0, "", T, "Around Cylinder", 40, 144, 0, 0, 0, 0, 0, Y},
-    {230, "STATIC_LONGITUDE_MIN", T, "min", 120, 244, 0, 0, 0, 0, 0, N},
-    {234, "EDIT_MIN_LONGITUDE", E, "", 155, 132, 75, 18, 0, 360, 45, Y},
-    {237, "EDIT_LONGITUDE_INCREMENT", E, "", 270, 242, 75, 18, 0, 360, 0, N},
-    {231, "STATIC_LONGITUDE_MAX", T, "max", 120, 267, 0, 0, 0, 0, 0, N},
-    {235, "EDIT_MAX_LONGITUDE", E, "", 155, 265, 75, 18, 0, 360, 45, N},
-    {0, "", T, "Orientation", 20, 219, 0, 0, 0, 0, 0, Y},
-    {271, "RADIO_OUTWARD", R, "Outward", 40, 242, 75, 15, 0, 1, 1, Y},
-    {272, "RADIO_INWARD", R, "Inward", 40, 265, 75, 15, 0, 1, 0, Y},
-    {304, "STATIC_BEGIN_AT", T, "Begin Distribution at", 155, 297, 0, 0, 0, 0, 0, N},
-    {243, "RADIO_BEGIN_FRONT", R, "Front", 155, 320, 75, 15, 0, 1, 1, N},
-    {248, "RADIO_BEGIN_RIGHT", R, "Right", 270, 320, 75, 15, 0, 1, 0, N},
-    {244, "RADIO_BEGIN_BACK", R, "Back", 155, 338, 75, 15, 0, 1, 0, N},
-    {247, "RADIO_BEGIN_LEFT", R, "Left", 270, 338, 75, 15, 0, 1, 0, N},
-    {305, "STATIC_ACTIVE_SURFACE", T, "Active Surface", 135, 364, 0, 0, 0, 0, 0, N},
-    {251, "RADIO_WHOLE_CYLINDER", R, "Whole Cylinder", 20, 379, 95, 15, 0, 1, 1, N},
-    {252, "RADIO_SECTOR", R, "Sector", 20, 397, 95, 15, 0, 1, 0, N},
-    {253, "RADIO_EQUATOR_ONLY", R, "Equator Only", 20, 415, 95, 15, 0, 1, 0, N},
-    {255, "CHECK_SECTOR_FRONT", C, "Front", 155, 397, 55, 15, 0, 1, 1, N},
-    {258, "CHECK_SECTOR_RIGHT", C, "Right", 210, 397, 55, 15, 0, 1, 0, N},
-    {256, "CHECK_SECTOR_BACK", C, "Back", 265, 397, 55, 15, 0, 1, 0, N},
-    {257, "CHECK_SECTOR_LEFT", C, "Left", 320, 397, 55, 15, 0, 1, 0, N},
-    {261, "CHECK_CREATE_RING", C, "Create Ring With Layers", 155, 415, 195, 15, 0, 1, 0, N},
-    {520, "CHECK_REVERSE_ORDER", C, "Reverse Layer Order", 20, 447, 135, 15, 0, 1, 0, N},
-    {521, "CHECK_RANDOM_ORDER", C, "Random Order", 155, 265, 130, 15, 0, 1, 0, Y},
-    {522, "CHECK_USE_COMP_CENTER", C, "Use Comp Center", 155, 465, 130, 15, 0, 1, 1, N},
-    {528, "CHECK_REPEAT_LAYERS", C, "Repeat Layers", 40, 178, 130, 15, 0, 1, 0, Y},
-    {529, "EDIT_REPEAT_COUNT", E, "", 155, 178, 75, 18, 1, 10000, 1, Y},
-    {523, "CHECK_REPEAT_SEQUENTIALLY", C, "Repeat Sequentially", 250, 178, 130, 15, 0, 1, 0, Y},
-    {524, "CHECK_KEY_POSITION", C, "Position", 40, 308, 130, 15, 0, 1, 0, Y},
-    {525, "CHECK_KEY_ORIENTATION", C, "Orientation", 155, 308, 130, 15, 0, 1, 0, Y},
-    {526, "CHECK_KEY_SCALE", C, "Scale", 270, 308, 65, 15, 0, 1, 0, Y},
-    {531, "CHECK_CROP_TEXT_LAYERS", C, "Crop Text Layers To Size Of Other 3D Layers", 20, 338, 320, 17, 0, 1, 1, Y},
-    {3, "BUTTON_APPLY", P, "Apply", 317, 357, 58, 20, 0, 0, 0, Y},
-};
-
-// The frames, created after the controls.
-const ControlSpec kPinnedFrames[] = {
-    {0, "", F, "", 5, 5, 375, 210, 0, 0, 0, Y},
-    {0, "", F, "", 5, 213, 137, 77, 0, 0, 0, Y},
-    {0, "", F, "", 140, 213, 240, 77, 0, 0, 0, Y},
-    {306, "FRAME_ACTIVE_SURFACE", F, "", 5, 357, 375, 81, 0, 0, 0, N},
-    {0, "", F, "Insert Keys", 5, 293, 375, 36, 0, 0, 0, Y},
-};
-
-// Every field of a row, floats to the last bit.
-std::string row(const ControlSpec& c) {
-    std::ostringstream s;
-    s << std::setprecision(9) << c.id << ' ' << c.name << ' ' << static_cast<int>(c.kind) << " \"" << c.label << "\" "
-      << c.left << ' ' << c.top << ' ' << c.width << ' ' << c.height << ' ' << c.minimum << ' ' << c.maximum << ' '
-      << c.value << (c.shown ? " shown" : " hidden");
-    return s.str();
-}
+                      R = SettingKind::radio;
 
 class CylinderDialogTest : public CylinderTest {
 protected:
@@ -128,17 +38,9 @@ protected:
 
 // ---- The settings table ----------------------------------------------------------------------
 
-TEST(CylinderSettingsTable, HoldsThePinnedControlsAndFrames) {
-    ASSERT_EQ(std::size(kPinned), kCylinderControls.size());
-    for (std::size_t i = 0; i < kCylinderControls.size(); ++i) {
-        EXPECT_EQ(row(kPinned[i]), row(kCylinderControls[i])) << "control " << i + 1;
-    }
-    ASSERT_EQ(std::size(kPinnedFrames), kCylinderFrames.size());
-    for (std::size_t i = 0; i < kCylinderFrames.size(); ++i) {
-        EXPECT_EQ(row(kPinnedFrames[i]), row(kCylinderFrames[i])) << "frame " << i + 1;
-    }
+TEST(CylinderSettingsTable, FindsEveryNamedControlAndHidesOnlyControlsItHas) {
     // Every control with an identifier is found by its name and by its identifier, and no other.
-    for (const ControlSpec& c : kPinned) {
+    for (const ControlSpec& c : kCylinderControls) {
         if (c.id != 0) {
             ASSERT_NE(nullptr, find_control(c.name)) << c.name;
             EXPECT_EQ(c.id, find_control(c.name)->id);
@@ -149,6 +51,9 @@ TEST(CylinderSettingsTable, HoldsThePinnedControlsAndFrames) {
     EXPECT_EQ(nullptr, find_control("EDIT_DIM_W"));
     EXPECT_EQ(nullptr, find_control(ADMInt32{0}));
     EXPECT_EQ(nullptr, find_control(ADMInt32{999}));
+    // The hidden set names 35 different controls of the table.
+    EXPECT_TRUE(std::ranges::all_of(kHiddenControls, [](ADMInt32 id) { return find_control(id) != nullptr; }));
+    EXPECT_EQ(35u, std::set<ADMInt32>(kHiddenControls.begin(), kHiddenControls.end()).size());
     // The lower limit of the box is the float nearest 0.1, as a tool reading the table sees it.
     EXPECT_EQ(static_cast<float>(0.1), find_control("EDIT_DIM_X")->minimum);
 }
@@ -158,15 +63,11 @@ TEST(CylinderSettingsTable, HoldsThePinnedControlsAndFrames) {
 // Created in table order, then the frames and the version line; each control at its place, with
 // its label, its default or initial state, and its range when typed into, shown after the first
 // refresh exactly when the table says so. Without a window every setting reads 0 or false.
-TEST_F(CylinderDialogTest, FreshWindowHoldsThePinnedControls) {
+TEST_F(CylinderDialogTest, FreshWindowHoldsTheTablesControls) {
     open_as_shell_does();
     std::vector<ADMInt32> expected;
-    for (const ControlSpec& c : kPinned) {
-        expected.push_back(c.id);
-    }
-    for (const ControlSpec& c : kPinnedFrames) {
-        expected.push_back(c.id);
-    }
+    std::ranges::transform(kCylinderControls, std::back_inserter(expected), &ControlSpec::id);
+    std::ranges::transform(kCylinderFrames, std::back_inserter(expected), &ControlSpec::id);
     expected.push_back(STATIC_VERSION);
     std::vector<ADMInt32> made;
     for (ADMItemRef item = sADMDialog->GetFirstItem(dlg().dialog); item != nullptr;
@@ -176,7 +77,7 @@ TEST_F(CylinderDialogTest, FreshWindowHoldsThePinnedControls) {
     EXPECT_EQ(expected, made);
 
     CylinderDialog windowless(kPluginId);
-    for (const ControlSpec& c : kPinned) {
+    for (const ControlSpec& c : kCylinderControls) {
         if (c.id == 0) {
             continue;
         }
@@ -243,7 +144,7 @@ TEST_F(CylinderDialogTest, EnableKeepsTheHiddenSetHiddenAndNothingSelectedDisabl
 
     EXPECT_TRUE(enabled(BUTTON_APPLY));
     dlg().Enable(false);
-    for (const ControlSpec& c : kPinned) {
+    for (const ControlSpec& c : kCylinderControls) {
         // Static texts have no control of their own to disable.
         if (c.kind != T) {
             EXPECT_FALSE(enabled(c.id)) << c.name;

@@ -10,7 +10,6 @@
 
 namespace sweep {
 
-inline constexpr const char* kMenuText = "Orbisett";
 inline constexpr const char* kPanelName = "DE_Orbisett v1.3";
 
 struct HostKind {
@@ -51,7 +50,7 @@ public:
 
     // Window > Orbisett chosen, without the menu update that comes before it.
     A_Err command() {
-        const host::MenuItem* item = host_->findMenuItem(kMenuText);
+        const host::MenuItem* item = host_->findMenuItem("Orbisett");
         return item == nullptr ? A_Err_PARAMETER : host_->doCommand(item->command);
     }
 

@@ -87,15 +87,6 @@ TEST_F(HostSuites, TheNthCallFailsOnceAndChangesNothing) {
     EXPECT_EQ(A_Err_ALLOC, h.refusedCalls()[0].err);
 }
 
-TEST_F(HostSuites, AcquireAndReleaseCanBeMadeToFail) {
-    h.failNthCall(1, A_Err_GENERIC);
-    const void* table = nullptr;
-    EXPECT_EQ(A_Err_GENERIC, h.basicSuite()->AcquireSuite(kAEGPStreamSuite, 4, &table));
-    EXPECT_EQ(nullptr, table);
-    EXPECT_EQ(0, h.acquireCount(kAEGPStreamSuite, 4));
-    EXPECT_TRUE(h.allSuitesReleased());
-}
-
 TEST_F(HostSuites, EveryCallOfAFunctionFailsUntilClearedAndUndisposedHandlesShow) {
     AEGP_StreamRefH s = openStream(a, AEGP_LayerStream_POSITION);
     h.failFunction("AEGP_SetStreamValue", 77);

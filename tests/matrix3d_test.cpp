@@ -1,11 +1,12 @@
 #include "math/matrix3d.h"
 #include "math/constants.h"
 
+#include "vector_checks.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
-#include <limits>
 
 using Vec = math::TGeomVector3D<double>;
 using Mat = math::TMatrix3D<double>;
@@ -44,12 +45,6 @@ void expectNearIdentity(const Rows& rows) {
             EXPECT_NEAR(rows[r][c], r == c ? 1.0 : 0.0, 1e-14) << "row " << r << " col " << c;
         }
     }
-}
-
-void expectVec(const Vec& actual, double x, double y, double z) {
-    EXPECT_EQ(actual.x, x);
-    EXPECT_EQ(actual.y, y);
-    EXPECT_EQ(actual.z, z);
 }
 
 }  // namespace

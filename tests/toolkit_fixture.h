@@ -3,7 +3,7 @@
 #pragma once
 
 #include "adm_suites.h"
-#include "platform/driver.h"
+#include "platform_fixture.h"
 #include "shell/global_suites.h"
 
 #include <gtest/gtest.h>
@@ -15,12 +15,6 @@ inline bool operator==(const IASRect& a, const IASRect& b) {
     return a.top == b.top && a.left == b.left && a.bottom == b.bottom && a.right == b.right;
 }
 inline std::ostream& operator<<(std::ostream& out, const IASRect& r) {
-    return out << "{" << r.top << ", " << r.left << ", " << r.bottom << ", " << r.right << "}";
-}
-inline bool operator==(const Rect& a, const Rect& b) {
-    return a.top == b.top && a.left == b.left && a.bottom == b.bottom && a.right == b.right;
-}
-inline std::ostream& operator<<(std::ostream& out, const Rect& r) {
     return out << "{" << r.top << ", " << r.left << ", " << r.bottom << ", " << r.right << "}";
 }
 

@@ -135,16 +135,13 @@ TEST_F(EditNumbers, TheLeadingNumberIsReadAndTextThatIsNoNumberKeepsTheValue) {
 }
 
 TEST_F(EditNumbers, IntegersAreReadTruncatedClampedAndStoredAndEmptyTextGivesTheStoredOne) {
-    type("7.9");
-    EXPECT_EQ(7, sADMItem->GetIntValue(edit));
-    type("");
-    EXPECT_EQ(7, sADMItem->GetIntValue(edit));  // the stored value, from the last reading
-    type("250");
-    EXPECT_EQ(100, sADMItem->GetIntValue(edit));
-    type("99999999999999999999999");
-    EXPECT_EQ(100, sADMItem->GetIntValue(edit));
-    type("-99999999999999999999999");
-    EXPECT_EQ(1, sADMItem->GetIntValue(edit));
+    // Empty text gives the value stored by the last reading.
+    const std::pair<const char*, ADMInt32> typed[] = {
+        {"7.9", 7}, {"", 7}, {"250", 100}, {"99999999999999999999999", 100}, {"-99999999999999999999999", 1}};
+    for (const auto& [text, integer] : typed) {
+        type(text);
+        EXPECT_EQ(integer, sADMItem->GetIntValue(edit)) << '"' << text << '"';
+    }
     sADMItem->SetMaxFloatValue(edit, 9.75f);
     type("12");
     EXPECT_EQ(9, sADMItem->GetIntValue(edit));

@@ -1,83 +1,46 @@
 // The suite tables: null references, notifiers, default handling and screen dimensions.
 #include "toolkit_fixture.h"
 
+#include <type_traits>
+
 namespace {
 
 using Suites = ToolkitTest;
 using SuitesInAWindow = ToolkitWindowTest;
 
+// Calls a suite function with a null reference and every other argument zero or null: it must
+// do nothing (a write through a null out-parameter would crash) and answer zero, false or null.
+template <typename Suite, typename... Functions>
+void expectAllAbsorbed(const Suite* suite, Functions... functions) {
+    std::size_t index = 0;
+    const auto absorbed = [&]<typename R, typename... Args>(R (*Suite::*function)(Args...)) {
+        ++index;
+        if constexpr (std::is_void_v<R>) {
+            (suite->*function)(Args{}...);
+        } else {
+            EXPECT_EQ(R{}, (suite->*function)(Args{}...)) << "function " << index << " of the list";
+        }
+    };
+    (absorbed(functions), ...);
+}
+
 TEST_F(Suites, EveryFunctionAbsorbsANullReference) {
-    IASRect rect{1, 2, 3, 4};
-    IASPoint point{5, 6};
-    char text[8] = "keep";
-    ADMFloat number = 7;
-    _Opaque_ADMNotifier notifier{nullptr, kADMCloseHitNotifier, 0};
-
-    EXPECT_FALSE(sADMBasic->GetScreenDimensions(nullptr, &rect));
-
-    sADMDialog->Destroy(nullptr);
-    sADMDialog->SetNotifyProc(nullptr, notifyProc);
-    sADMDialog->SetDestroyProc(nullptr, destroyProc);
-    sADMDialog->SetUserData(nullptr, &recorder);
-    EXPECT_EQ(nullptr, sADMDialog->GetUserData(nullptr));
-    sADMDialog->DefaultNotify(nullptr, &notifier);
-    EXPECT_EQ(0, notifier.result);
-    sADMDialog->Show(nullptr, true);
-    EXPECT_FALSE(sADMDialog->IsVisible(nullptr));
-    EXPECT_FALSE(sADMDialog->IsEnabled(nullptr));
-    sADMDialog->SetLocalRect(nullptr, &rect);
-    sADMDialog->SetBoundsRect(nullptr, &rect);
-    sADMDialog->GetBoundsRect(nullptr, &rect);
-    sADMDialog->SetText(nullptr, "x");
-    EXPECT_EQ(nullptr, sADMDialog->GetItem(nullptr, 1));
-    EXPECT_EQ(nullptr, sADMDialog->GetNextItem(nullptr, nullptr));
-    EXPECT_EQ(nullptr, sADMDialog->GetFirstItem(nullptr));
-
-    EXPECT_EQ(nullptr, sADMItem->Create(nullptr, 1, kADMTextEditType, &rect, nullptr, nullptr, 0));
-    sADMItem->Destroy(nullptr);
-    EXPECT_EQ(0, sADMItem->GetID(nullptr));
-    EXPECT_EQ(nullptr, sADMItem->GetList(nullptr));
-    sADMItem->Show(nullptr, true);
-    sADMItem->Enable(nullptr, true);
-    EXPECT_FALSE(sADMItem->IsEnabled(nullptr));
-    sADMItem->SetLocalRect(nullptr, &rect);
-    sADMItem->GetBoundsRect(nullptr, &rect);
-    sADMItem->GetBestSize(nullptr, &point);
-    sADMItem->SetFont(nullptr, kADMBoldDialogFont);
-    sADMItem->SetText(nullptr, "x");
-    EXPECT_FALSE(sADMItem->GetText(nullptr, text, sizeof text));
-    sADMItem->SetBooleanValue(nullptr, true);
-    EXPECT_FALSE(sADMItem->GetBooleanValue(nullptr));
-    EXPECT_EQ(0, sADMItem->GetIntValue(nullptr));
-    EXPECT_EQ(0.0f, sADMItem->GetFloatValue(nullptr));
-    sADMItem->SetFloatValue(nullptr, 1);
-    sADMItem->SetMinFloatValue(nullptr, 1);
-    sADMItem->SetMaxFloatValue(nullptr, 1);
-    EXPECT_FALSE(sADMItem->DefaultFloatToText(nullptr, 1, text, sizeof text));
-    EXPECT_FALSE(sADMItem->DefaultTextToFloat(nullptr, "3", &number));
-    sADMItem->SetItemStyle(nullptr, 1);
-    sADMItem->SetUnits(nullptr, kADMPointUnits);
-    sADMItem->ShowUnits(nullptr, true);
-
-    EXPECT_EQ(nullptr, sADMList->GetActiveEntry(nullptr));
-    EXPECT_EQ(nullptr, sADMList->IndexEntry(nullptr, 0));
-    EXPECT_EQ(nullptr, sADMList->InsertEntry(nullptr, 0));
-    EXPECT_EQ(0, sADMList->NumberOfEntries(nullptr));
-    sADMList->RemoveEntry(nullptr, 0);
-    EXPECT_EQ(0, sADMEntry->GetIndex(nullptr));
-    sADMEntry->Select(nullptr, true);
-    sADMEntry->SetText(nullptr, "x");
-
-    EXPECT_EQ(nullptr, sADMNotifier->GetItem(nullptr));
-    EXPECT_FALSE(sADMNotifier->IsNotifierType(nullptr, kADMCloseHitNotifier));
-
-    // Nothing was written through the out parameters.
-    EXPECT_EQ((IASRect{1, 2, 3, 4}), rect);
-    EXPECT_EQ(5, point.v);
-    EXPECT_STREQ("keep", text);
-    EXPECT_EQ(7.0f, number);
-    EXPECT_EQ(0, recorder.destroyed);
-    EXPECT_TRUE(platform::windows().empty());
+    using D = ADMDialogSuite9;
+    using I = ADMItemSuite10;
+    expectAllAbsorbed(sADMBasic, &ADMBasicSuite8::GetScreenDimensions);
+    // Not Create and CreatePanel: they take no dialog.
+    expectAllAbsorbed(sADMDialog, &D::Destroy, &D::SetNotifyProc, &D::SetDestroyProc, &D::SetUserData, &D::GetUserData,
+                      &D::DefaultNotify, &D::Show, &D::IsVisible, &D::IsEnabled, &D::SetLocalRect, &D::SetBoundsRect,
+                      &D::GetBoundsRect, &D::SetText, &D::GetItem, &D::GetNextItem, &D::GetFirstItem);
+    expectAllAbsorbed(sADMItem, &I::Create, &I::Destroy, &I::GetID, &I::GetList, &I::Show, &I::Enable, &I::IsEnabled,
+                      &I::SetLocalRect, &I::GetBoundsRect, &I::GetBestSize, &I::SetFont, &I::SetText, &I::GetText,
+                      &I::SetBooleanValue, &I::GetBooleanValue, &I::GetIntValue, &I::GetFloatValue, &I::SetFloatValue,
+                      &I::SetMinFloatValue, &I::SetMaxFloatValue, &I::DefaultFloatToText, &I::DefaultTextToFloat,
+                      &I::SetItemStyle, &I::SetUnits, &I::ShowUnits);
+    expectAllAbsorbed(sADMList, &ADMListSuite4::GetActiveEntry, &ADMListSuite4::IndexEntry, &ADMListSuite4::InsertEntry,
+                      &ADMListSuite4::NumberOfEntries, &ADMListSuite4::RemoveEntry);
+    expectAllAbsorbed(sADMEntry, &ADMEntrySuite6::GetIndex, &ADMEntrySuite6::Select, &ADMEntrySuite6::SetText);
+    expectAllAbsorbed(sADMNotifier, &ADMNotifierSuite2::GetItem, &ADMNotifierSuite2::IsNotifierType);
 }
 
 TEST_F(SuitesInAWindow, NotifierTypesCompareExactlyAndTheNotifyResultIsTheEventStatus) {

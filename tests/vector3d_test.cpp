@@ -2,22 +2,13 @@
 #include "math/acos.h"
 #include "math/constants.h"
 
+#include "vector_checks.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 using Vec = math::TGeomVector3D<double>;
-
-namespace {
-
-void expectVec(const Vec& actual, double x, double y, double z) {
-    EXPECT_EQ(actual.x, x);
-    EXPECT_EQ(actual.y, y);
-    EXPECT_EQ(actual.z, z);
-}
-
-}  // namespace
 
 TEST(VectorLength, ExactForAPythagoreanTripleAndZeroAtOrBelowTheThresholdOrForNaN) {
     EXPECT_EQ(Vec(3, 4, 0).Length(), 5.0);
