@@ -1,6 +1,7 @@
 #include "app/page/html_page.h"
 
 #include "app/page/page_assets.h"
+#include "controls/product.h"
 #include "platform/driver.h"
 
 #include <ostream>
@@ -25,9 +26,9 @@ std::size_t writeUpTo(std::ostream& out, std::string_view name, std::size_t from
 std::string title(const nlohmann::json& scene) {
     const auto comp = scene.find("comp");
     if (comp == scene.end() || !comp->is_object()) {
-        return "Orbisett";
+        return kProductName;
     }
-    return "\"" + (*comp)["name"].get<std::string>() + "\" in 3D: Orbisett";
+    return "\"" + (*comp)["name"].get<std::string>() + "\" in 3D: " + kProductName;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "app/report/layer_table.h"
 
 #include "app/report/display_text.h"
+#include "host/scene_file.h"
 
 #include <algorithm>
 #include <array>
@@ -15,21 +16,14 @@ namespace {
 
 constexpr std::size_t kNumberWidth = 10;
 
-const char* typeName(AEGP_ObjectType type) {
-    switch (type) {
-        case AEGP_ObjectType_AV:
-            return "av";
-        case AEGP_ObjectType_LIGHT:
-            return "light";
-        case AEGP_ObjectType_CAMERA:
-            return "camera";
-        case AEGP_ObjectType_TEXT:
-            return "text";
-        case AEGP_ObjectType_VECTOR:
-            return "vector";
-        default:
-            return "other";
+// A layer's type as scene files name it.
+std::string_view typeName(AEGP_ObjectType type) {
+    for (const auto& [name, t] : host::kLayerTypeNames) {
+        if (t == type) {
+            return name;
+        }
     }
+    return "other";
 }
 
 std::string keyCounts(const host::Layer& layer) {
