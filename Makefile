@@ -4,25 +4,36 @@ CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=RelWithDebInfo
 # WERROR=ON treats compiler warnings as errors (.ci/run builds so); off for everyone else.
 WERROR ?= OFF
 
-.PHONY: deps page-deps configure build test test-sanitize fuzz coverage bench demo clean
+.PHONY: deps demo-deps page-deps page-build-deps configure build test test-sanitize fuzz coverage bench demo clean
 
-# The 3D page's packages (three.js, its bundler, the browser driver of its tests) come from npm,
-# pinned by the lock file; npm ci runs again only when the lock file is newer than the install.
+# The 3D page's packages (three.js and its bundler; the browser driver of its tests) come from npm,
+# pinned by the lock file. Building the page needs only the first two (`npm ci --omit=dev`); the
+# tests need all. npm ci runs again only when the lock file is newer than the install.
 PAGE_DIR = app/page
+PAGE_INSTALLED = $(PAGE_DIR)/node_modules/.package-lock.json
 
 deps:
 	@bash scripts/deps.sh
 	@$(MAKE) --no-print-directory page-deps
 
+demo-deps:
+	@bash scripts/deps.sh demo
+	@$(MAKE) --no-print-directory page-build-deps
+
 page-deps:
-	@if [ ! -f $(PAGE_DIR)/node_modules/.package-lock.json ] || \
-		[ $(PAGE_DIR)/package-lock.json -nt $(PAGE_DIR)/node_modules/.package-lock.json ]; then \
+	@if [ ! -d $(PAGE_DIR)/node_modules/puppeteer-core ] || [ $(PAGE_DIR)/package-lock.json -nt $(PAGE_INSTALLED) ]; then \
 		echo "Installing the 3D page's packages (npm ci)"; \
 		cd $(PAGE_DIR) && npm ci --no-audit --no-fund; \
 	fi
 
+page-build-deps:
+	@if [ ! -f $(PAGE_INSTALLED) ] || [ $(PAGE_DIR)/package-lock.json -nt $(PAGE_INSTALLED) ]; then \
+		echo "Installing the packages the 3D page is built from (npm ci --omit=dev)"; \
+		cd $(PAGE_DIR) && npm ci --omit=dev --no-audit --no-fund; \
+	fi
+
 configure: deps
-	@cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS) -DORBISETT_WERROR=$(WERROR) > /dev/null
+	@cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS) -DORBISETT_WERROR=$(WERROR) -DORBISETT_TESTS=ON > /dev/null
 
 build: configure
 	@cmake --build $(BUILD) -j $(JOBS)
@@ -94,12 +105,20 @@ bench: build
 	@if [ -x $(BUILD)/bench/orbisett-bench ]; then $(BUILD)/bench/orbisett-bench; \
 	else echo "No benchmarks are built yet."; exit 1; fi
 
-demo: build
-	@if [ -x $(BUILD)/app/orbisett-host ]; then mkdir -p out && $(BUILD)/app/orbisett-host \
-		--out out/demo.json --preview out/demo-preview.svg --dialog out/demo-dialog.svg --html out/demo.html \
-		--gltf out/demo.glb \
-		&& $(BUILD)/app/orbisett-host --preview out/demo-preview.png > /dev/null; \
-	else echo "orbisett-host is not built yet: the command-line tool does not exist in this tree."; exit 1; fi
+# Only what the demo runs: the module, the stand-ins, the tool and its page; no test or benchmark
+# program, and none of the packages only those need.
+DEMO_FILES = out/demo.json out/demo-preview.svg out/demo-preview.png out/demo-dialog.svg out/demo.html \
+  out/demo.glb
+
+demo: demo-deps
+	@cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS) -DORBISETT_TESTS=OFF > /dev/null
+	@cmake --build $(BUILD) -j $(JOBS) --target orbisett-host
+	@mkdir -p out
+	@$(BUILD)/app/orbisett-host --out out/demo.json --preview out/demo-preview.svg --dialog out/demo-dialog.svg \
+		--html out/demo.html --gltf out/demo.glb && $(BUILD)/app/orbisett-host --quiet --preview out/demo-preview.png
+	@echo; echo "Files written:"
+	@for f in $(DEMO_FILES); do printf '  %s (%s bytes)\n' "$(CURDIR)/$$f" "$$(stat -c %s $$f)"; done
+	@echo "out/demo.html is the 3D view: open it in a browser; out/demo.glb the same scene as glTF."
 
 # Every build folder the targets above make, and the demo's output.
 clean:

@@ -30,9 +30,9 @@ int run(const app::Options& options) {
     const app::RunOutcome outcome = app::readRunOutcome(result.before(), *result.host, result.reading);
     app::RunReport report = app::describeRun(result, outcome);
     // Drawn before the summary, which names the layers the picture has to leave out.
-    std::optional<app::Preview> preview;
+    std::optional<app::PreviewPicture> preview;
     if (!options.preview.empty()) {
-        preview = app::drawPreview(result.host->project(), outcome);
+        preview = app::makePreview(result.host->project(), outcome);
         app::addPreviewWarnings(report, *preview);
     }
     std::optional<app::GltfScene> gltf;
@@ -41,8 +41,9 @@ int run(const app::Options& options) {
         app::addGltfWarnings(report, *gltf);
     }
     const int status = report.failures.empty() ? kDone : kFailure;
-    std::vector<app::OutputFile> outputs = app::outputFiles(options, result, outcome, preview ? &preview->svg : nullptr,
-                                                            gltf ? &*gltf : nullptr, app::summaryJson(report, status));
+    std::vector<app::OutputFile> outputs =
+        app::outputFiles(options, result, outcome, preview ? &preview->drawing : nullptr, gltf ? &*gltf : nullptr,
+                         app::summaryJson(report, status));
     if (!options.quiet) {
         const bool scene_to_stdout = options.out == app::kStandardStream;
         const std::vector<host::Id> none;

@@ -1,11 +1,19 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build needs, only those that are missing; packages named as
-# arguments are wanted as well (`make fuzz` asks for clang and its fuzzer runtime, `make coverage`
-# for gcovr).
+# Installs the Debian packages that are missing. `deps.sh demo` installs what building and running
+# the tool needs; without it, what the tests and benchmarks need as well; packages named as
+# arguments are wanted too (`make fuzz` asks for clang and its fuzzer runtime, `make coverage` for
+# gcovr).
 set -euo pipefail
-# chromium: the browser the 3D page is tested in.
-packages=(cmake g++ ninja-build make libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
-  librsvg2-dev librsvg2-bin fonts-dejavu-core pkg-config chromium "$@")
+# The module, the stand-ins and the tool; pango lays out the text of PNG previews.
+packages=(cmake g++ ninja-build make pkg-config nlohmann-json3-dev libcli11-dev librsvg2-dev libpango1.0-dev
+  fonts-dejavu-core)
+if [ "${1:-}" = demo ]; then
+  shift
+else
+  # chromium: the browser the 3D page is tested in; rsvg-convert to look at pictures by hand.
+  packages+=(libgtest-dev libgmock-dev libbenchmark-dev chromium librsvg2-bin)
+fi
+packages+=("$@")
 # node and npm build the 3D page; a node installed otherwise than from Debian's package will do.
 if ! command -v node >/dev/null || ! command -v npm >/dev/null; then
   packages+=(nodejs npm)

@@ -2,7 +2,9 @@
 // before anything runs, and no picture of any scenario holding a number that is not finite.
 #include "app_tool.h"
 
+#include "app/drawing/hidden_shapes.h"
 #include "app/drawing/picture_file.h"
+#include "app/drawing/png_painter.h"
 
 #include <cairo.h>
 
@@ -69,6 +71,28 @@ TEST(PictureFile, PngIsTheSvgRenderedAtItsSizeAndTheEndingChoosesTheFormat) {
     EXPECT_EQ(app::pictureFormat("P.PNG"), app::PictureFormat::png);
     EXPECT_FALSE(app::pictureFormat("p.png.txt"));
     EXPECT_FALSE(app::pictureFormat("png"));
+}
+
+TEST(PictureFile, PngPaintedFromShapesSkipsOnlyWhatLaterOpaqueFillsCoverPixelForPixel) {
+    app::Drawing d(40, 30, "#f6f7f9");
+    auto square = [](double x0, double y0, double x1, double y1) {
+        return std::vector<app::Point2>{{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}};
+    };
+    const app::Style red{"#ff0000", "#000000", 1, 1, ""}, blue{"#0000ff", "none", 1, 1, ""};
+    d.polygon(square(10, 10, 20, 20), red);  // under the blue square, outline and all
+    d.polygon(square(3, 10, 12, 20), red);   // peeks out on the left
+    d.polygon(square(26, 4, 32, 8), red);    // under the see-through square
+    d.polygon(square(24, 2, 34, 10), {"#00ff00", "none", 1, 0.5, ""});
+    d.polygon(square(8, 8, 22, 22), blue);
+    const std::vector<bool> hidden = app::hiddenShapes(d);
+    EXPECT_EQ(hidden, (std::vector<bool>{true, false, false, false, false}));
+    const Decoded png = decodePng(app::paintPng(d));
+    ASSERT_EQ(png.width, 40);
+    EXPECT_EQ(png.at(15, 15), 0xFF0000FFu);
+    EXPECT_EQ(png.at(5, 15), 0xFFFF0000u);
+    EXPECT_EQ(png.at(1, 1), 0xFFF6F7F9u);
+    // Half of the green over the red below it: red 255 x (1 - 0.5), to the rounding.
+    EXPECT_NEAR(png.at(29, 6) >> 16 & 0xFF, 127.5, 1);
 }
 
 class PictureFiles : public apptest::ToolTest {};

@@ -266,6 +266,58 @@ TEST(PreviewPicture, FarLayersAreListedInsteadOfShrinkingThePicture) {
     EXPECT_NEAR(0.5 * (left + right), 600, 1);
 }
 
+// The three cards after an "Apply" that put them on a cylinder of radius 500 around the
+// composition's centre, and every other selected card not reached: kept where it stood.
+app::Preview afterApply(const host::Project& project) {
+    app::RunOutcome outcome;
+    outcome.apply = app::ApplyState::applied;
+    outcome.comp = project.comps.front().id;
+    for (const host::Layer& layer : project.comps.front().layers) {
+        if (layer.type == AEGP_ObjectType_AV && layer.three_d) {
+            const bool card = layer.name == "Near" || layer.name == "Far" || layer.name == "Turned";
+            outcome.taken.push_back(layer.id);
+            outcome.written.push_back(layer.id);
+            (card ? outcome.arranged : outcome.not_reached).push_back(layer.id);
+        }
+    }
+    outcome.surface.known = true;
+    outcome.surface.centre = {960, 540, 0};
+    outcome.surface.half_x = outcome.surface.half_z = 500;
+    outcome.surface.top = 40;
+    outcome.surface.bottom = 1040;
+    host::Host host;
+    host.replaceProject(project);
+    return app::drawPreview(host.project(), outcome);
+}
+
+TEST(PreviewPicture, FramedOnTheArrangedLayersNotOnLayersNotReachedFarAwayOrPiled) {
+    host::Project project = cardsProject();
+    const host::Id comp = project.comps.front().id, footage = project.footage.front().id;
+    std::vector<host::Id> rest{project.addLayer(comp, "Far away", AEGP_ObjectType_AV, true, footage)};
+    for (int i = 0; i < 300; ++i) {
+        rest.push_back(project.addLayer(comp, "Piled", AEGP_ObjectType_AV, true, footage));
+    }
+    auto cards = [](const std::string& svg) {
+        return pointNumbers(group(svg, "Near") + group(svg, "Far") + group(svg, "Turned"));
+    };
+    // First all not reached where the cards stand; then one far away and the others piled high
+    // above the cylinder, within reach of the camera.
+    for (const host::Id id : rest) {
+        project.layer(id)->prop(host::Prop::position).value = {960, 540, 0};
+    }
+    const std::vector<double> among = cards(afterApply(project).svg);
+    ASSERT_EQ(among.size(), 24u);
+    project.layer(rest.front())->prop(host::Prop::position).value = {5e5, 540, 0};
+    for (std::size_t i = 1; i < rest.size(); ++i) {
+        project.layer(rest[i])->prop(host::Prop::position).value = {2500, -3000, 0};
+    }
+    const app::Preview apart = afterApply(project);
+    // The arranged cards drawn the same, to the pixel; the far layer named, not drawn.
+    EXPECT_EQ(cards(apart.svg), among);
+    EXPECT_EQ(apart.outside.front(), "Far away");
+    EXPECT_EQ(group(apart.svg, "Far away"), "");
+}
+
 TEST(PreviewPicture, LayersWithoutFiniteCornersAreLeftOutAndNamed) {
     host::Project project = cardsProject();
     layerNamed(project, "Near").prop(host::Prop::scale).value = {1e300, 1e300, 100};
@@ -289,6 +341,9 @@ TEST(PreviewPicture, LabelsOnlyWhereTheyFitOnTheFaceAndLayersWithoutASourceAsDas
     EXPECT_EQ(far.find("<text"), std::string::npos);
     EXPECT_NE(far.find("<title>"), std::string::npos);
     EXPECT_NE(group(svg, "Near").find(">Near</text>"), std::string::npos);
+    // Scaled to nothing, a face is a point: every point of it is on its edge, yet it holds no name.
+    layerNamed(project, "Near").prop(host::Prop::scale).value = {0, 0, 100};
+    EXPECT_EQ(group(picture(project).svg, "Near").find("<text"), std::string::npos);
     // A layer without a source is a dashed outline.
     const host::Id title = project.addLayer(project.comps.front().id, "Title", AEGP_ObjectType_TEXT, true);
     project.layer(title)->prop(host::Prop::scale).value = {20, 20, 100};
@@ -306,6 +361,12 @@ TEST(PreviewPicture, ANameANearerFaceCoversIsLeftOut) {
     EXPECT_EQ(group(picture(project).svg, "Far").find("<text"), std::string::npos);
     layerNamed(project, "Near").prop(host::Prop::position).value = {1600, 300, -400};
     EXPECT_NE(group(picture(project).svg, "Far").find(">Far</text>"), std::string::npos);
+    // A nearer outline without a fill around it hides nothing, but its name over Far's would.
+    const host::Id title = project.addLayer(project.comps.front().id, "Title", AEGP_ObjectType_TEXT, true);
+    project.layer(title)->prop(host::Prop::position).value = {960, 540, 300};
+    const std::string svg = picture(project).svg;
+    EXPECT_EQ(group(svg, "Far").find("<text"), std::string::npos);
+    EXPECT_NE(group(svg, "Title").find(">Title</text>"), std::string::npos);
 }
 
 TEST(PreviewPicture, ThirtyThousandLayersStayLinearAndUnlabelled) {

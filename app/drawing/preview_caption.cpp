@@ -17,10 +17,11 @@ std::string layerName(const host::Comp& comp, host::Id id) {
     return "?";
 }
 
+// Only the names a list shows are looked up: each look-up walks the layers, and the rest are counted.
 std::vector<std::string> names(const host::Comp& comp, const std::vector<host::Id>& ids) {
-    std::vector<std::string> out;
-    for (const host::Id id : ids) {
-        out.push_back(layerName(comp, id));
+    std::vector<std::string> out(ids.size());
+    for (std::size_t i = 0; i < std::min(ids.size(), kNamesShown); ++i) {
+        out[i] = layerName(comp, ids[i]);
     }
     return out;
 }

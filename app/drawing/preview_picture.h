@@ -1,6 +1,9 @@
-// The perspective picture of a composition after a run, as SVG.
+// The perspective picture of a composition after a run.
 #pragma once
 
+#include "app/drawing/drawing.h"
+// outlinePieces, which the glTF export draws the surface with.
+#include "app/drawing/preview_frame.h"
 #include "app/report/run_outcome.h"
 #include "host/project.h"
 
@@ -10,8 +13,8 @@
 
 namespace app {
 
-struct Preview {
-    std::string svg;
+struct PreviewPicture {
+    Drawing drawing;
     // Layers not drawn because their corners are not finite numbers (or too large for any
     // picture), by name: the tool names them in its messages too. Also in the caption.
     std::vector<std::string> left_out;
@@ -21,11 +24,20 @@ struct Preview {
 
 // Every 3D footage, text and shape layer of the composition drawn back to front from a camera
 // raised above the surface the run used: front faces light, back faces dark, layers without a
-// source as dashed outlines; a name where it fits on its face, the full name on hover. The
-// surface is outlined; the composition's frame and centre are drawn faintly for reference. The
-// picture is framed on the layers the run arranged and the surface (on the layers the command
-// takes when nothing was arranged); the caption says what ran, on which surface, and what is
-// not shown.
+// source as dashed outlines; a name where it fits on its face and stays readable, the full name on
+// hover. The surface is outlined; the composition's frame and centre are drawn faintly for
+// reference. The picture is framed on the layers the run arranged and the surface (on the layers
+// the command takes when nothing was arranged); the caption says what ran, on which surface, and
+// what is not shown.
+PreviewPicture makePreview(const host::Project& project, const RunOutcome& outcome);
+
+struct Preview {
+    std::string svg;
+    std::vector<std::string> left_out;
+    std::vector<std::string> outside;
+};
+
+// The same picture as SVG text.
 Preview drawPreview(const host::Project& project, const RunOutcome& outcome);
 
 // The outline of the surface the run used as pieces of line in the host's frame: top and bottom

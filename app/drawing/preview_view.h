@@ -2,7 +2,7 @@
 // the camera's image onto the picture, fitted to the points it must show.
 #pragma once
 
-#include "app/drawing/svg_writer.h"
+#include "app/drawing/drawing.h"
 #include "app/drawing/vec3.h"
 
 #include <optional>

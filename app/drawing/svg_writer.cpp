@@ -4,20 +4,111 @@
 
 #include <cmath>
 #include <cstdio>
+#include <sstream>
 
 namespace app {
 
 namespace {
 
-std::string coordinate(double value) {
+using platform::escapeXml;
+
+// Tenths of a pixel: finer steps do not show, and a tenth keeps the file small.
+void coordinate(std::ostream& out, double value) {
     char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "%.1f", value);
-    return buffer;
+    const int n = std::snprintf(buffer, sizeof buffer, "%.1f", value);
+    out.write(buffer, n);
 }
 
-bool finite(double value) { return std::isfinite(value); }
+void points(std::ostream& out, std::span<const Point2> points) {
+    out << " points=\"";
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        if (i != 0) {
+            out << ' ';
+        }
+        coordinate(out, points[i].x);
+        out << ',';
+        coordinate(out, points[i].y);
+    }
+    out << '"';
+}
 
-using platform::escapeXml;
+void style(std::ostream& out, const Style& style) {
+    out << " fill=\"" << escapeXml(style.fill) << "\" stroke=\"" << escapeXml(style.stroke) << "\"";
+    if (style.stroke != "none" && std::isfinite(style.stroke_width)) {
+        out << " stroke-width=\"";
+        coordinate(out, style.stroke_width);
+        out << "\"";
+    }
+    if (style.opacity < 1) {
+        char buffer[16];
+        std::snprintf(buffer, sizeof buffer, "%.2f", style.opacity);
+        out << " opacity=\"" << buffer << "\"";
+    }
+    if (!style.dash.empty()) {
+        out << " stroke-dasharray=\"" << escapeXml(style.dash) << "\"";
+    }
+}
+
+void text(std::ostream& out, Point2 at, std::string_view text, const TextStyle& s) {
+    out << "<text x=\"";
+    coordinate(out, at.x);
+    out << "\" y=\"";
+    coordinate(out, at.y);
+    out << "\" font-family=\"sans-serif\" font-size=\"";
+    coordinate(out, s.size);
+    out << "\" fill=\"" << escapeXml(s.fill) << "\" text-anchor=\"" << escapeXml(s.anchor) << "\"";
+    if (!s.halo.empty()) {
+        out << " stroke=\"" << escapeXml(s.halo) << "\" stroke-width=\"3\" paint-order=\"stroke\"";
+    }
+    out << ">" << escapeXml(text) << "</text>\n";
+}
+
+void band(std::ostream& out, std::span<const Point2> corners, const Style& s) {
+    out << "<rect x=\"0\" y=\"";
+    coordinate(out, corners[0].y);
+    out << "\" width=\"" << corners[1].x << "\" height=\"";
+    coordinate(out, corners[1].y - corners[0].y);
+    out << "\" fill=\"" << escapeXml(s.fill) << "\"/>\n";
+}
+
+void shape(std::ostream& out, const Drawing& d, const Drawing::Shape& s) {
+    switch (s.kind) {
+        case Drawing::Kind::group:
+            out << "<g data-layer=\"" << escapeXml(d.textOf(s)) << "\"";
+            if (s.style != 0) {
+                out << " " << d.attributes()[s.style];
+            }
+            out << ">\n";
+            break;
+        case Drawing::Kind::group_end:
+            out << "</g>\n";
+            break;
+        case Drawing::Kind::title:
+            out << "<title>" << escapeXml(d.textOf(s)) << "</title>\n";
+            break;
+        case Drawing::Kind::polygon:
+            out << "<polygon";
+            if (s.text_size != 0) {
+                out << " data-face=\"" << escapeXml(d.textOf(s)) << "\"";
+            }
+            points(out, d.pointsOf(s));
+            style(out, d.styles()[s.style]);
+            out << " stroke-linejoin=\"round\"/>\n";
+            break;
+        case Drawing::Kind::polyline:
+            out << "<polyline";
+            points(out, d.pointsOf(s));
+            style(out, d.styles()[s.style]);
+            out << "/>\n";
+            break;
+        case Drawing::Kind::text:
+            text(out, d.pointsOf(s)[0], d.textOf(s), d.textStyles()[s.style]);
+            break;
+        case Drawing::Kind::band:
+            band(out, d.pointsOf(s), d.styles()[s.style]);
+            break;
+    }
+}
 
 }  // namespace
 
@@ -27,101 +118,21 @@ std::string exactNumber(double value) {
     return buffer;
 }
 
-SvgWriter::SvgWriter(int width, int height, std::string_view background) {
-    out_ << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width << "\" height=\"" << height
-         << "\" viewBox=\"0 0 " << width << " " << height << "\">\n"
-         << "<rect x=\"0\" y=\"0\" width=\"" << width << "\" height=\"" << height << "\" fill=\""
-         << escapeXml(background) << "\"/>\n";
+void writeSvg(const Drawing& d, std::ostream& out) {
+    out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << d.width() << "\" height=\"" << d.height()
+        << "\" viewBox=\"0 0 " << d.width() << " " << d.height() << "\">\n"
+        << "<rect x=\"0\" y=\"0\" width=\"" << d.width() << "\" height=\"" << d.height() << "\" fill=\""
+        << escapeXml(d.background()) << "\"/>\n";
+    for (const Drawing::Shape& s : d.shapes()) {
+        shape(out, d, s);
+    }
+    out << "</svg>\n";
 }
 
-bool SvgWriter::finite(const std::vector<Point2>& pts) {
-    for (const Point2& p : pts) {
-        if (!app::finite(p.x) || !app::finite(p.y)) {
-            ++left_out_;
-            return false;
-        }
-    }
-    return true;
-}
-
-void SvgWriter::points(const std::vector<Point2>& points) {
-    out_ << " points=\"";
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        out_ << (i == 0 ? "" : " ") << coordinate(points[i].x) << "," << coordinate(points[i].y);
-    }
-    out_ << "\"";
-}
-
-void SvgWriter::style(const Style& style) {
-    out_ << " fill=\"" << escapeXml(style.fill) << "\" stroke=\"" << escapeXml(style.stroke) << "\"";
-    if (style.stroke != "none" && app::finite(style.stroke_width)) {
-        out_ << " stroke-width=\"" << coordinate(style.stroke_width) << "\"";
-    }
-    if (style.opacity < 1) {
-        char buffer[16];
-        std::snprintf(buffer, sizeof buffer, "%.2f", style.opacity);
-        out_ << " opacity=\"" << buffer << "\"";
-    }
-    if (!style.dash.empty()) {
-        out_ << " stroke-dasharray=\"" << escapeXml(style.dash) << "\"";
-    }
-}
-
-void SvgWriter::polygon(const std::vector<Point2>& pts, const Style& s, std::string_view data) {
-    if (!finite(pts)) {
-        return;
-    }
-    out_ << "<polygon";
-    if (!data.empty()) {
-        out_ << " data-face=\"" << escapeXml(data) << "\"";
-    }
-    points(pts);
-    style(s);
-    out_ << " stroke-linejoin=\"round\"/>\n";
-}
-
-void SvgWriter::polyline(const std::vector<Point2>& pts, const Style& s) {
-    if (!finite(pts)) {
-        return;
-    }
-    out_ << "<polyline";
-    points(pts);
-    style(s);
-    out_ << "/>\n";
-}
-
-void SvgWriter::text(Point2 at, std::string_view text, double size, std::string_view fill, std::string_view anchor) {
-    this->text(at, text, TextStyle{size, std::string(fill), std::string(anchor), ""});
-}
-
-void SvgWriter::text(Point2 at, std::string_view text, const TextStyle& s) {
-    if (!finite({at}) || !app::finite(s.size)) {
-        return;
-    }
-    out_ << "<text x=\"" << coordinate(at.x) << "\" y=\"" << coordinate(at.y)
-         << "\" font-family=\"sans-serif\" font-size=\"" << coordinate(s.size) << "\" fill=\"" << escapeXml(s.fill)
-         << "\" text-anchor=\"" << escapeXml(s.anchor) << "\"";
-    if (!s.halo.empty()) {
-        out_ << " stroke=\"" << escapeXml(s.halo) << "\" stroke-width=\"3\" paint-order=\"stroke\"";
-    }
-    out_ << ">" << escapeXml(text) << "</text>\n";
-}
-
-void SvgWriter::title(std::string_view text) { out_ << "<title>" << escapeXml(text) << "</title>\n"; }
-
-void SvgWriter::beginGroup(std::string_view data, std::string_view attributes) {
-    out_ << "<g data-layer=\"" << escapeXml(data) << "\"";
-    if (!attributes.empty()) {
-        out_ << " " << attributes;
-    }
-    out_ << ">\n";
-}
-
-void SvgWriter::endGroup() { out_ << "</g>\n"; }
-
-std::string SvgWriter::finish() {
-    out_ << "</svg>\n";
-    return out_.str();
+std::string svgText(const Drawing& drawing) {
+    std::ostringstream out;
+    writeSvg(drawing, out);
+    return std::move(out).str();
 }
 
 }  // namespace app

@@ -1,10 +1,14 @@
 #include "app/output/output_files.h"
 
 #include "app/drawing/picture_file.h"
+#include "app/drawing/png_painter.h"
+#include "app/drawing/svg_writer.h"
 #include "app/gltf/gltf_file.h"
 #include "app/page/html_page.h"
 #include "app/page/scene_data.h"
 #include "app/run/app_error.h"
+
+#include <memory>
 
 namespace app {
 
@@ -19,11 +23,32 @@ std::string picture(const std::string& option, const std::string& path, const st
     return pictureBytes(svg, *format);
 }
 
+// The preview as SVG is written into its file as it is made; as PNG it is painted as the file is
+// written, and a picture cairo cannot paint stops the run with nothing written. Either way the
+// drawing is let go once written: the page, written after it, needs the room.
+OutputFile previewFile(const std::string& path, Drawing&& drawing) {
+    const std::optional<PictureFormat> format = pictureFormat(path);
+    if (!format) {
+        throw AppError(pictureNameProblem("--preview", path));
+    }
+    auto held = std::make_shared<Drawing>(std::move(drawing));
+    if (*format == PictureFormat::png) {
+        return {"--preview", path, [held](std::ostream& out) mutable {
+                    const std::string png = paintPng(*held);
+                    held.reset();
+                    out.write(png.data(), static_cast<std::streamsize>(png.size()));
+                }};
+    }
+    return {"--preview", path, [held](std::ostream& out) mutable {
+                writeSvg(*held, out);
+                held.reset();
+            }};
+}
+
 }  // namespace
 
 std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
-                                    const std::string* preview_svg, const GltfScene* gltf,
-                                    const nlohmann::json& report) {
+                                    Drawing* preview, const GltfScene* gltf, const nlohmann::json& report) {
     std::vector<OutputFile> files;
     if (!options.out.empty()) {
         // Written as it is made: with keyframes the scene's text is larger than the project.
@@ -31,8 +56,8 @@ std::vector<OutputFile> outputFiles(const Options& options, const SessionResult&
                          [&run](std::ostream& out) { host::writeScene(*run.host, out, run.settings); },
                          options.out == kStandardStream ? Destination::standard_output : Destination::file});
     }
-    if (!options.preview.empty() && preview_svg != nullptr) {
-        files.push_back(outputOf("--preview", options.preview, picture("--preview", options.preview, *preview_svg)));
+    if (!options.preview.empty() && preview != nullptr) {
+        files.push_back(previewFile(options.preview, std::move(*preview)));
     }
     if (!options.dialog.empty()) {
         files.push_back(outputOf("--dialog", options.dialog, picture("--dialog", options.dialog, run.dialog_svg)));

@@ -1,6 +1,7 @@
 // The outputs a run asked for, in the order they are written.
 #pragma once
 
+#include "app/drawing/drawing.h"
 #include "app/gltf/gltf_scene.h"
 #include "app/output/output_file.h"
 #include "app/report/run_outcome.h"
@@ -15,10 +16,9 @@
 namespace app {
 
 // --out (a file, or standard output for "-"), --preview, --dialog, --html, --gltf (pictures and
-// glTF in the format their names ask for) and --json-report. `preview_svg` is the preview as drawn
-// for --preview, `gltf` the scene for --gltf (null without them).
+// glTF in the format their names ask for) and --json-report. `preview` is the preview as drawn for
+// --preview, which the list takes over, `gltf` the scene for --gltf (null without them).
 std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
-                                    const std::string* preview_svg, const GltfScene* gltf,
-                                    const nlohmann::json& report);
+                                    Drawing* preview, const GltfScene* gltf, const nlohmann::json& report);
 
 }  // namespace app

@@ -210,7 +210,7 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome) {
     return r;
 }
 
-void addPreviewWarnings(RunReport& report, const Preview& preview) {
+void addPreviewWarnings(RunReport& report, const PreviewPicture& preview) {
     for (const std::string& name : preview.left_out) {
         report.warnings.push_back({"", "preview_left_out",
                                    "--preview leaves out \"" + name +

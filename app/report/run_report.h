@@ -45,7 +45,7 @@ struct RunReport {
 RunReport describeRun(const SessionResult& run, const RunOutcome& outcome);
 
 // A warning for each layer the preview could not draw.
-void addPreviewWarnings(RunReport& report, const Preview& preview);
+void addPreviewWarnings(RunReport& report, const PreviewPicture& preview);
 // A warning for each layer the glTF file leaves out.
 void addGltfWarnings(RunReport& report, const GltfScene& scene);
 
