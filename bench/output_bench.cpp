@@ -123,22 +123,10 @@ void BM_OutputProcess(benchmark::State& state, std::vector<std::string> outputs,
         arguments.push_back(outputs[i]);
         arguments.push_back(folder + outputs[i + 1]);
     }
-    ProcessRun last;
-    double cpu = 0;
-    for (auto _ : state) {
-        last = runToolProcess(arguments);
-        if (last.status != 0) {
-            state.SkipWithError("the tool failed");
-            break;
-        }
-        cpu += last.cpu;
-        state.SetIterationTime(last.wall);
-    }
+    const ProcessRun last = timeToolProcess(state, arguments);
     for (std::size_t i = 1; i < outputs.size(); i += 2) {
         std::remove((folder + outputs[i]).c_str());
     }
-    state.counters["cpu_s"] = cpu / static_cast<double>(state.iterations());
-    state.counters["peak_rss_MB"] = static_cast<double>(last.peak_rss_kb) / 1024;
     state.counters["rss_per_layer_B"] = static_cast<double>(last.peak_rss_kb) * 1024 / shape.layers;
 }
 
