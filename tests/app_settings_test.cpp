@@ -3,6 +3,8 @@
 #include "app/run/app_error.h"
 #include "app/run/control_settings.h"
 #include "app/run/options.h"
+#include "controls/control_notes.h"
+#include "controls/field_reading.h"
 
 #include <gtest/gtest.h>
 
@@ -53,6 +55,22 @@ TEST(SetAssignments, NumbersAreTakenAsAnEditFieldReadsThemAndAnythingElseRefused
               "--set EDIT_DIM_X=12mm: EDIT_DIM_X is an edit field and takes a number "
               "alone, and the field would ignore \"mm\" after \"12\"");
     EXPECT_NE(errorOf({"EDIT_DIM_X=1,5"}).find("would ignore \",5\" after \"1\""), std::string::npos);
+}
+
+// The field's own reading, shared by the plug-in's fields and the tool: text it does not read
+// leaves the field with the number it held (nothing), whole-number fields truncate and clamp.
+TEST(FieldReading, TextWithoutANumberOrLongerThanTheFieldReadsGivesNothing) {
+    const ControlSpec& dim_x = *find_control(EDIT_DIM_X);
+    const ControlSpec& repeats = *find_control(EDIT_REPEAT_COUNT);
+    for (const ControlSpec* field : {&dim_x, &repeats}) {
+        EXPECT_EQ(controls::fieldReading(*field, "abc"), std::nullopt);
+        EXPECT_EQ(controls::fieldReading(*field, "7" + std::string(127, ' ')), std::nullopt);
+        EXPECT_EQ(controls::fieldReading(*field, "7" + std::string(126, ' ')), 7.0);
+    }
+    EXPECT_EQ(controls::fieldReading(repeats, "2.9"), 2.0);
+    EXPECT_EQ(controls::fieldReading(repeats, "-5"), 1.0);
+    EXPECT_EQ(controls::fieldReading(dim_x, "0.05"), static_cast<double>(0.1f));
+    EXPECT_EQ(control_note(0), nullptr);  // a control without a note reads as a fraction
 }
 
 TEST(SetAssignments, SwitchesRadiosAndUnknownNames) {
