@@ -515,6 +515,43 @@ TEST(PageData, TextAndShapeLayersTakeTheExtentTheLayoutGaveThem) {
     }
 }
 
+// The page outlines the surface with the preview's pieces: with "Sector" only the admitted half,
+// its two end edges and the axis; on a plain run both whole rims.
+TEST(PageData, SurfaceOutlineIsThePreviewsPiecesOnlyOnTheHalvesASectorAdmits) {
+    struct Case {
+        nlohmann::json settings;
+        std::size_t pieces;
+        std::array<double, 4> x_z;  // lowest and highest x, lowest and highest z over all ends
+    };
+    const nlohmann::json front = {{"RADIO_SECTOR", true}};
+    const nlohmann::json right = {{"RADIO_SECTOR", true}, {"CHECK_SECTOR_FRONT", false}, {"CHECK_SECTOR_RIGHT", true}};
+    // Rims of 48 pieces and edges and axis of 8 each; whole rims of 96.
+    for (const Case& c :
+         {Case{front, 2 * 48 + 3 * 8, {460, 1460, -500, 0}}, Case{right, 2 * 48 + 3 * 8, {960, 1460, -500, 500}},
+          Case{nlohmann::json::object(), 2 * 96 + 8, {460, 1460, -500, 500}}}) {
+        const host::Project project = cardsProject();
+        host::Host host;
+        host.replaceProject(project);
+        const app::RunOutcome outcome = app::readRunOutcome(project, host, apptest::dialogReading(c.settings));
+        const nlohmann::json outline =
+            app::pageSceneData(host.project(), host.project(), outcome).scene["surface"]["outline"];
+        const auto pieces = app::outlinePieces(outcome.surface);
+        ASSERT_EQ(outline.size(), c.pieces) << c.settings;
+        ASSERT_EQ(pieces.size(), c.pieces);
+        std::array<double, 4> x_z{1e9, -1e9, 1e9, -1e9};
+        for (std::size_t i = 0; i < pieces.size(); ++i) {
+            const std::vector<double> ends = outline[i];
+            expectNear({ends[0], ends[1], ends[2]}, pieces[i].first, 5e-4);
+            expectNear({ends[3], ends[4], ends[5]}, pieces[i].second, 5e-4);
+            for (const std::size_t at : {0, 3}) {
+                x_z = {std::min(x_z[0], ends[at]), std::max(x_z[1], ends[at]), std::min(x_z[2], ends[at + 2]),
+                       std::max(x_z[3], ends[at + 2])};
+            }
+        }
+        EXPECT_EQ(x_z, c.x_z) << c.settings;
+    }
+}
+
 TEST(PageData, CameraTurnsLikeALayerAndTheDefaultStandsBackByTheZoom) {
     host::Project project = cardsProject();
     host::Comp& comp = project.comps.front();

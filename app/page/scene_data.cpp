@@ -3,6 +3,7 @@
 #include "app/drawing/layer_corners.h"
 #include "app/drawing/layer_turn.h"
 #include "app/drawing/palette.h"
+#include "app/drawing/preview_frame.h"
 #include "app/page/page_columns.h"
 
 #include <algorithm>
@@ -184,7 +185,18 @@ PageLayers layersData(const host::Project& before, const host::Project& after, c
     return layers;
 }
 
-// The surface's place and size when they are known, and its description either way.
+// The preview's outline of the surface, each piece as the six numbers of its two ends: a few
+// hundred pieces at most, so plain JSON numbers.
+nlohmann::json outlineData(const Surface& surface) {
+    nlohmann::json pieces = nlohmann::json::array();
+    for (const auto& [from, to] : outlinePieces(surface)) {
+        pieces.push_back(
+            {rounded(from.x), rounded(from.y), rounded(from.z), rounded(to.x), rounded(to.y), rounded(to.z)});
+    }
+    return pieces;
+}
+
+// The surface's place, size and outline when they are known, and its description either way.
 nlohmann::json surfaceData(const Surface& surface) {
     nlohmann::json data = {{"description", describeSurface(surface)}, {"notes", surface.notes}};
     if (surface.known) {
@@ -193,6 +205,7 @@ nlohmann::json surfaceData(const Surface& surface) {
         data["half_z"] = rounded(surface.half_z);
         data["top"] = rounded(surface.top);
         data["bottom"] = rounded(surface.bottom);
+        data["outline"] = outlineData(surface);
     }
     return data;
 }

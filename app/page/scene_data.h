@@ -1,7 +1,7 @@
 // The composition before and after a run as the data the 3D page reads: every 3D footage, text
 // and shape layer with its corners in both states (from placeLayers), its values, keyframe counts
-// and what the run did to it; the surface the layout used, the composition's frame, the camera
-// the composition is seen through, and the colours to paint with.
+// and what the run did to it; the surface the layout used and its outline, the composition's
+// frame, the camera the composition is seen through, and the colours to paint with.
 #pragma once
 
 #include "app/drawing/vec3.h"
@@ -59,7 +59,9 @@ struct PageLayers {
 };
 
 struct PageData {
-    // "comp" (null without a composition), "surface", "camera" and "palette".
+    // "comp" (null without a composition), "surface", "camera" and "palette". The surface, when
+    // its size is known, holds under "outline" the pieces the preview outlines it with
+    // (outlinePieces): only the halves a sector admits.
     nlohmann::json scene;
     PageLayers layers;
 };

@@ -1,7 +1,8 @@
 // The 3D page of `orbisett-host --html` in headless Chromium: it loads cleanly, shows every card
 // where the output scene puts it from the front, the top and the scene's camera, turns with the
 // mouse, names and details a clicked card, moves the cards between before and after, marks
-// copies, says so without WebGL, and stays quick with 30,000 layers.
+// copies, outlines only the half a sector admits, says so without WebGL, and stays quick with
+// 30,000 layers.
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import fs from 'node:fs';
@@ -10,6 +11,8 @@ import path from 'node:path';
 import { after, before, describe, test } from 'node:test';
 import { covered, coveredRects, frames, kViewport, launch, open, pixels, press, settle, view } from './browser.mjs';
 import { project, rectangles, rectanglesBetween, sceneCamera, screenIndex, seenAt, viewCamera } from './scene_geometry.mjs';
+
+const deg = (a) => (a * Math.PI) / 180;
 
 const kTool = process.env.ORBISETT_HOST;
 const kShots = process.env.ORBISETT_PAGE_SHOTS || fs.mkdtempSync(path.join(os.tmpdir(), 'orbisett-shots-'));
@@ -328,6 +331,47 @@ test('layers made as copies are marked in warm colours; a layer without a source
   const edge = await topEdgeLightness(page, viewCamera(await view(page)), rect);
   const dashed = edge.filter((l) => l > backLightness + 60).length / edge.length;
   assert.ok(dashed > 0.25 && dashed < 0.8, `${(100 * dashed).toFixed(0)} % of the edge light: ${edge.map((l) => l.toFixed(0)).join(' ')}`);
+  await page.close();
+});
+
+test('with "Sector" the surface is outlined only on the half it admits', async () => {
+  // Two small plates and no camera layer, whose pyramid would cross the rim.
+  const layers = [0, 1].map((i) => ({
+    name: `Plate ${i + 1}`, type: 'av', three_d: true, source: { width: 200, height: 120 },
+    position: [800 + 320 * i, 540, 0], scale: [100, 100, 100], orientation: [0, 0, 0], rotation: [0, 0, 0], selected: true,
+  }));
+  const scene = { comp: { name: 'Half', width: 1920, height: 1080 }, layers, settings: { RADIO_SECTOR: true, EDIT_DIM_Y: 600 } };
+  const file = path.join(work, 'sector-scene.json');
+  fs.writeFileSync(file, JSON.stringify(scene));
+  const run = makePage('sector', [file]);
+  const { surface, palette } = pageData(run.file);
+  assert.match(surface.description, /Sector \(front half\)/);
+  const { page, errors } = await open(chromium.browser, run.file);
+  await press(page, '[data-view="top"]');
+  const camera = viewCamera(await view(page));
+  // Points of the top rim, the nearer one from above, away from where the half ends; angles from
+  // the front (-Z) toward +X, as the layout measures them. The front half is admitted.
+  const [cx, , cz] = surface.centre;
+  const rim = (degrees) => project(camera, [cx + surface.half_x * Math.sin(deg(degrees)), surface.top, cz - surface.half_z * Math.cos(deg(degrees))]);
+  const admitted = [-67.5, -22.5, 22.5, 67.5];
+  const points = [...admitted, ...admitted.map((a) => a + 180)].map(rim);
+  const block = [-3, -2, -1, 0, 1, 2, 3].flatMap((dy) => [-3, -2, -1, 0, 1, 2, 3].map((dx) => [dx, dy]));
+  const got = await pixels(page, points.flatMap((p) => block.map(([dx, dy]) => ({ x: p.x + dx, y: p.y + dy }))), path.join(kShots, 'sector-top.png'));
+  const lightness = ([r, g, b]) => 0.299 * r + 0.587 * g + 0.114 * b;
+  const background = rgb(palette.background);
+  points.forEach((p, i) => {
+    const seen = got.slice(i * block.length, (i + 1) * block.length);
+    const darkest = seen.reduce((a, c) => (lightness(c) < lightness(a) ? c : a));
+    const where = `rim at ${i < admitted.length ? admitted[i] : admitted[i - admitted.length] + 180}° (${p.x.toFixed(0)}, ${p.y.toFixed(0)})`;
+    if (i < admitted.length) {
+      // The surface's grey, drawn three-quarters opaque over the background.
+      assert.ok(lightness(darkest) < lightness(background) - 30 && Math.max(...darkest) - Math.min(...darkest) < 40,
+        `${where}: wanted the surface, the darkest pixel is rgb(${darkest})`);
+    } else {
+      assert.ok(seen.every((c) => c.every((v, k) => Math.abs(v - background[k]) <= 6)), `${where}: wanted background, saw rgb(${darkest})`);
+    }
+  });
+  assert.deepEqual(errors, []);
   await page.close();
 });
 

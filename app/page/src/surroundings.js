@@ -2,7 +2,7 @@
 // the camera the composition is seen through.
 import {
   BufferGeometry,
-  EllipseCurve,
+  Float32BufferAttribute,
   Group,
   LineBasicMaterial,
   LineLoop,
@@ -10,8 +10,6 @@ import {
   PerspectiveCamera,
   Vector3,
 } from 'three';
-
-const kOutlineSegments = 96;
 
 // The frame at depth 0, where a 2D layer of the composition's size would lie.
 function compFrame(comp, palette) {
@@ -24,25 +22,15 @@ function compFrame(comp, palette) {
   return new LineLoop(new BufferGeometry().setFromPoints(corners), new LineBasicMaterial({ color: palette.compFrame }));
 }
 
-// The surface as the SVG preview draws it: the rims at its top and bottom (one ellipse when they
-// meet, for the equator and the ring) and its axis.
-function surfaceOutline(surface, palette) {
-  const [cx, , cz] = surface.centre;
-  const ring = new EllipseCurve(cx, cz, surface.half_x, surface.half_z).getPoints(kOutlineSegments);
-  const points = [];
-  const rims = surface.top === surface.bottom ? [surface.top] : [surface.top, surface.bottom];
-  for (const y of rims) {
-    for (let i = 0; i < kOutlineSegments; i += 1) {
-      points.push(new Vector3(ring[i].x, y, ring[i].y), new Vector3(ring[i + 1].x, y, ring[i + 1].y));
-    }
+// The surface as the SVG preview outlines it, from the pieces the tool worked out: its rims, only
+// the halves a sector admits with the edges where they end, and its axis.
+function surfaceOutline(outline, palette) {
+  const isPiece = (piece) => Array.isArray(piece) && piece.length === 6 && piece.every(Number.isFinite);
+  if (!Array.isArray(outline) || !outline.every(isPiece)) {
+    throw new Error('The scene data\'s surface outline is not a list of pieces of six numbers each.');
   }
-  if (rims.length === 2) {
-    points.push(new Vector3(cx, surface.top, cz), new Vector3(cx, surface.bottom, cz));
-  }
-  return new LineSegments(
-    new BufferGeometry().setFromPoints(points),
-    new LineBasicMaterial({ color: palette.surface, transparent: true, opacity: 0.75 }),
-  );
+  const geometry = new BufferGeometry().setAttribute('position', new Float32BufferAttribute(outline.flat(), 3));
+  return new LineSegments(geometry, new LineBasicMaterial({ color: palette.surface, transparent: true, opacity: 0.75 }));
 }
 
 // The scene's camera as a three.js camera: vertical angle of view such that the composition's
@@ -77,8 +65,8 @@ function cameraMarker(sceneCamera, comp, palette) {
 export function surroundings(data) {
   const group = new Group();
   group.add(compFrame(data.comp, data.palette));
-  if (data.surface.centre) {
-    group.add(surfaceOutline(data.surface, data.palette));
+  if (data.surface.outline) {
+    group.add(surfaceOutline(data.surface.outline, data.palette));
   }
   const marker = data.camera && data.camera.name ? cameraMarker(data.camera, data.comp, data.palette) : null;
   if (marker) {
