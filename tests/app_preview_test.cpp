@@ -2,6 +2,7 @@
 // the camera, and the picture's painting order and face shading; the 3D page's data.
 #include "app/drawing/layer_corners.h"
 #include "app/drawing/layer_turn.h"
+#include "app/drawing/preview_frame.h"
 #include "app/drawing/preview_picture.h"
 #include "app/drawing/preview_view.h"
 #include "app/drawing/svg_writer.h"

@@ -2,13 +2,10 @@
 #pragma once
 
 #include "app/drawing/drawing.h"
-// outlinePieces, which the glTF export draws the surface with.
-#include "app/drawing/preview_frame.h"
 #include "app/report/run_outcome.h"
 #include "host/project.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace app {
@@ -39,10 +36,5 @@ struct Preview {
 
 // The same picture as SVG text.
 Preview drawPreview(const host::Project& project, const RunOutcome& outcome);
-
-// The outline of the surface the run used as pieces of line in the host's frame: top and bottom
-// rims (one ellipse for the equator and the ring), only the halves a sector admits with the edges
-// where they end, and the axis. Empty when its size is not known.
-std::vector<std::pair<Vec3, Vec3>> outlinePieces(const Surface& s);
 
 }  // namespace app

@@ -1,7 +1,7 @@
 #include "app/gltf/gltf_scene.h"
 
 #include "app/drawing/layer_corners.h"
-#include "app/drawing/preview_picture.h"
+#include "app/drawing/preview_frame.h"
 #include "app/page/scene_data.h"
 
 #include <cfloat>
