@@ -1,5 +1,7 @@
 #include "app/drawing/picture_file.h"
 
+#include "app/output/file_ending.h"
+
 #include "app/run/app_error.h"
 
 #include <cairo.h>
@@ -13,12 +15,6 @@
 namespace app {
 
 namespace {
-
-bool endsWith(std::string_view path, std::string_view ending) {
-    return path.size() >= ending.size() &&
-           std::equal(ending.begin(), ending.end(), path.end() - static_cast<std::ptrdiff_t>(ending.size()),
-                      [](char a, char b) { return a == std::tolower(static_cast<unsigned char>(b)); });
-}
 
 struct HandleFree {
     void operator()(RsvgHandle* h) const { g_object_unref(h); }

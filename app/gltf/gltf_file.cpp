@@ -1,5 +1,7 @@
 #include "app/gltf/gltf_file.h"
 
+#include "app/output/file_ending.h"
+
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
@@ -7,12 +9,6 @@
 namespace app {
 
 namespace {
-
-bool endsWith(std::string_view path, std::string_view ending) {
-    return path.size() >= ending.size() &&
-           std::equal(ending.begin(), ending.end(), path.end() - static_cast<std::ptrdiff_t>(ending.size()),
-                      [](char a, char b) { return a == std::tolower(static_cast<unsigned char>(b)); });
-}
 
 void word(std::ostream& out, std::uint32_t value) {
     const char bytes[4] = {static_cast<char>(value & 255), static_cast<char>((value >> 8) & 255),
