@@ -117,15 +117,20 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
     EXPECT_EQ(report["status"], 0);
     // Two rows of three places: the repeat cut keeps the first six of the list and leaves the
     // seventh selected layer unwritten, which is the layout's choice, not a failure.
-    const apptest::ToolRun cut = run({writeScene("s.json", cardScene(7)), "--set", "EDIT_MIN_LONGITUDE=120", "--set",
-                                      "EDIT_DIM_Y=50", "--set", "CHECK_REPEAT_LAYERS=on"});
-    EXPECT_EQ(cut.status, 0) << cut.err;
-    EXPECT_NE(cut.out.find("  arranged:     6 of 6 layers (7 selected layers, no copies made)\n"
-                           "  not reached:  none\n"
-                           "  left out:     1: #7 \"Card 7\" (it was not written: the repeats were cut to the places "
-                           "that fit, and the cut took it from the list too)\n"),
-              std::string::npos)
-        << cut.out;
+    // A host without the duplication call reads the same: a cut that short makes no copies.
+    json older = cardScene(7);
+    older["host"]["withhold"] = {"AEGP Layer Suite/10"};
+    for (const json& shortened : {cardScene(7), older}) {
+        const apptest::ToolRun cut = run({writeScene("s.json", shortened), "--set", "EDIT_MIN_LONGITUDE=120", "--set",
+                                          "EDIT_DIM_Y=50", "--set", "CHECK_REPEAT_LAYERS=on"});
+        EXPECT_EQ(cut.status, 0) << cut.err;
+        EXPECT_NE(cut.out.find("  arranged:     6 of 6 layers (7 selected layers, no copies made)\n"
+                               "  not reached:  none\n"
+                               "  left out:     1: #7 \"Card 7\" (it was not written: the repeats were cut to the "
+                               "places that fit, and the cut took it from the list too)\n"),
+                  std::string::npos)
+            << cut.out;
+    }
     const std::string scene = writeScene("s.json", cardScene(3));
     EXPECT_NE(run({scene, "--no-apply"})
                   .out.find("  arranged:     nothing: \"Apply\" was not pressed (3 selected layers, no copies made)\n"),

@@ -59,8 +59,8 @@ std::size_t takenWritten(const RunOutcome& outcome) {
 // "Apply" failed when the host refused one of its calls beyond asking for a suite it may do
 // without, or when it wrote fewer layers than it took while the host refused something. Fewer
 // layers written with nothing refused is the layout's own choice: with "Repeat Layers" in the given
-// steps the list is cut to the places that fit, which can leave selected layers out as well. (On a
-// host without an optional suite such a cut still reads as a stop: the refusal alone cannot tell.)
+// steps the list is cut to the places that fit, which can leave selected layers out as well. Such a
+// cut makes no copies, so a host without the duplication call refuses nothing in it.
 bool applyFailed(const SessionResult& run, const RunOutcome& outcome) {
     const bool refused_call =
         std::any_of(run.apply.refused.begin(), run.apply.refused.end(),
