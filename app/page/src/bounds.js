@@ -1,4 +1,5 @@
-// What the views frame: both states of every layer, the composition's frame and the surface.
+// What the views frame: both states of every layer, the composition's frame and the surface as
+// it is outlined.
 import { Box3, Sphere, Vector3 } from 'three';
 
 // The box around what the views frame (`box`), the sphere `fit` around it, and a sphere around
@@ -7,7 +8,10 @@ export function sceneBounds(data) {
   const { corners } = data.layers;
   const box = new Box3().setFromArray(corners.before).union(new Box3().setFromArray(corners.after));
   box.expandByPoint(new Vector3(0, 0, 0)).expandByPoint(new Vector3(data.comp.width, data.comp.height, 0));
-  if (data.surface.centre) {
+  if (data.surface.outline) {
+    // What is drawn of the surface: with a sector only the admitted halves.
+    box.union(new Box3().setFromArray(data.surface.outline.flat()));
+  } else if (data.surface.centre) {
     const [x, , z] = data.surface.centre;
     box.expandByPoint(new Vector3(x - data.surface.half_x, data.surface.top, z - data.surface.half_z));
     box.expandByPoint(new Vector3(x + data.surface.half_x, data.surface.bottom, z + data.surface.half_z));
