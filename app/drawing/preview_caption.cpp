@@ -84,9 +84,8 @@ std::vector<std::string> captionSentences(const CaptionFacts& f) {
         lines.push_back(notes);
     }
     if (o.ring_closing) {
-        lines.push_back("The ring did not close evenly: \"" + layerName(*f.comp, o.ring_closing->last) +
-                        "\", the last layer, was stretched to " + percentText(o.ring_closing->stretch) +
-                        " % of its width to close it.");
+        lines.push_back("The ring did not close evenly: " +
+                        ringClosingText(layerName(*f.comp, o.ring_closing->last), *o.ring_closing) + ".");
     }
     if (!o.not_reached.empty()) {
         lines.push_back("Not reached by the layout (kept their places, moved by the composition-centre offset): " +

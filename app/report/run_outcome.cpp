@@ -215,6 +215,11 @@ const char* modeName(SurfaceMode mode) {
 
 std::string percentText(double fraction) { return number(fraction * 100); }
 
+std::string ringClosingText(const std::string& name, const RingClosing& closing) {
+    return "the last layer, \"" + name + "\", was " + (closing.stretch < 1 ? "narrowed" : "stretched") + " to " +
+           percentText(closing.stretch) + " % of its width to close it";
+}
+
 std::string describeSurface(const Surface& s) {
     std::string text = modeName(s.mode);
     if (s.sector) {

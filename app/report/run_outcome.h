@@ -87,4 +87,8 @@ std::string describeSurface(const Surface& surface);
 // The number of percent, as the summary prints it: "300", "99.7".
 std::string percentText(double fraction);
 
+// How the last panel was sized to close the ring, naming it as given: "the last layer, "NAME",
+// was narrowed to 74.5 % of its width to close it" (stretched when it was made wider).
+std::string ringClosingText(const std::string& name, const RingClosing& closing);
+
 }  // namespace app

@@ -188,9 +188,9 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome) {
     r.surface_notes = outcome.surface.notes;
     if (outcome.ring_closing) {
         const host::Layer* last = project.layer(outcome.ring_closing->last);
-        r.surface_notes.push_back("the ring did not close evenly: the last layer, \"" +
-                                  escapedText(last != nullptr ? last->name : "") + "\", was stretched to " +
-                                  percentText(outcome.ring_closing->stretch) + " % of its width to close it");
+        r.surface_notes.push_back(
+            "the ring did not close evenly: " +
+            ringClosingText(escapedText(last != nullptr ? last->name : ""), *outcome.ring_closing));
     }
     for (const host::UndoGroup& g : run.host->undoGroups()) {
         if (g.depth == 0) {
