@@ -164,6 +164,8 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
     EXPECT_NE(run({scene, "--no-apply"})
                   .out.find("  arranged:     nothing: \"Apply\" was not pressed (3 selected layers, no copies made)\n"),
               std::string::npos);
+    EXPECT_EQ(warnings(cardScene(3), {}, {"--no-apply", "--undo"}),
+              Lines{"--undo: nothing to take back, \"Apply\" was not pressed (--no-apply)"});
     const apptest::ToolRun undone = run({scene, "--undo", "--set", "CHECK_REPEAT_LAYERS=on"});
     EXPECT_NE(undone.out.find("  arranged:     nothing left: the step was undone (it had 3 selected layers, 3 copies "
                               "made)\n"),

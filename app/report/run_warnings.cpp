@@ -189,6 +189,13 @@ void searchCut(const SessionResult& run, const RunOutcome& outcome, std::vector<
                        "increments)"});
 }
 
+// "--undo" takes back the step "Apply" made; without the press there is none.
+void nothingUndone(const SessionResult& run, std::vector<Warning>& out) {
+    if (run.undo_asked && !run.apply.pressed) {
+        out.push_back({"", "nothing_undone", "--undo: nothing to take back, \"Apply\" was not pressed (--no-apply)"});
+    }
+}
+
 }  // namespace
 
 std::vector<Warning> runWarnings(const SessionResult& run, const RunOutcome& outcome) {
@@ -203,6 +210,7 @@ std::vector<Warning> runWarnings(const SessionResult& run, const RunOutcome& out
     repeatsCut(run, outcome, warnings);
     stacked(run, outcome, warnings);
     searchCut(run, outcome, warnings);
+    nothingUndone(run, warnings);
     return warnings;
 }
 

@@ -13,7 +13,8 @@ namespace app {
 
 struct Warning {
     std::string control;  // the control it is about
-    std::string kind;     // greyed_out, never_acts, read_differently, repeat_path, repeats_cut, stacked, search_cut
+    std::string kind;     // greyed_out, never_acts, read_differently, repeat_path, repeats_cut, stacked, search_cut,
+                          // nothing_undone
     std::string text;     // the whole line, the control's name first
 };
 
