@@ -164,6 +164,15 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
     EXPECT_NE(run({scene, "--no-apply"})
                   .out.find("  arranged:     nothing: \"Apply\" was not pressed (3 selected layers, no copies made)\n"),
               std::string::npos);
+    // A sector with no box ticked keeps every turn, also where the placement ignores the sector.
+    const apptest::ToolRun unturned = run(
+        {scene, "--set", "RADIO_SECTOR=on", "--set", "CHECK_DISTRIBUTE_EVENLY=on", "--set", "CHECK_SECTOR_FRONT=off"});
+    EXPECT_NE(unturned.out.find("  arranged:     3 of 3 layers (3 selected layers, no copies made)\n"),
+              std::string::npos);
+    EXPECT_NE(unturned.out.find("                the layers were placed but not turned: with RADIO_SECTOR on and no "
+                                "sector box ticked, \"Apply\" leaves Orientation and the rotations as they were\n"),
+              std::string::npos)
+        << unturned.out;
     EXPECT_EQ(warnings(cardScene(3), {}, {"--no-apply", "--undo"}),
               Lines{"--undo: nothing to take back, \"Apply\" was not pressed (--no-apply)"});
     const apptest::ToolRun undone = run({scene, "--undo", "--set", "CHECK_REPEAT_LAYERS=on"});

@@ -305,6 +305,12 @@ RunOutcome decideOutcome(const RunFacts& facts, const DialogReading& dialog) {
         (ring_built || onShape(points[i], *shape) ? out.arranged : out.not_reached).push_back(out.written[i]);
     }
     out.ring_closing = ringClosing(out, facts);
+    // The same test that has the sector modes place nothing keeps every placement from turning.
+    if (!out.arranged.empty() && dialog.on(RADIO_SECTOR) && controls::sectorAdmitsNone(dialog.sectorBoxes())) {
+        surface.notes.push_back(
+            "the layers were placed but not turned: with RADIO_SECTOR on and no sector box ticked, \"Apply\" leaves "
+            "Orientation and the rotations as they were");
+    }
     return out;
 }
 

@@ -42,7 +42,8 @@ struct Surface {
     std::optional<controls::SectorBoxes> sector;
     bool inward = false;              // layers turned to face the axis
     std::optional<double> scaled_to;  // "Scale Layer to": every layer brought to this square
-    // Sentences on where the surface used differs from the dialog's box, or why it is not known.
+    // Sentences on where the surface used differs from the dialog's box, or why it is not known, or
+    // how the layers were set on it.
     std::vector<std::string> notes;
 };
 
