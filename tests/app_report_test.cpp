@@ -150,8 +150,11 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
     json older = cardScene(7);
     older["host"]["withhold"] = {"AEGP Layer Suite/10"};
     for (const json& shortened : {cardScene(7), older}) {
-        const apptest::ToolRun cut = run({writeScene("s.json", shortened), "--set", "EDIT_MIN_LONGITUDE=120", "--set",
-                                          "EDIT_DIM_Y=50", "--set", "CHECK_REPEAT_LAYERS=on"});
+        const apptest::ToolRun cut =
+            run({writeScene("s.json", shortened), "--set", "EDIT_MIN_LONGITUDE=120", "--set", "EDIT_DIM_Y=50", "--set",
+                 "CHECK_REPEAT_LAYERS=on", "--preview", path("p.svg")});
+        EXPECT_NE(apptest::readFile(path("p.svg")).find("Not written by the run, exactly as they were: Card 7."),
+                  std::string::npos);
         EXPECT_EQ(cut.status, 0) << cut.err;
         EXPECT_NE(cut.out.find("  arranged:     6 of 6 layers (7 selected layers, no copies made)\n"
                                "  not reached:  none\n"

@@ -91,6 +91,10 @@ std::vector<std::string> captionSentences(const CaptionFacts& f) {
         lines.push_back("Not reached by the layout (kept their places, moved by the composition-centre offset): " +
                         nameList(names(*f.comp, o.not_reached), kNamesShown) + ".");
     }
+    if (!o.left_out.empty()) {
+        lines.push_back(
+            "Not written by the run, exactly as they were: " + nameList(names(*f.comp, o.left_out), kNamesShown) + ".");
+    }
     if (!f.outside.empty()) {
         lines.push_back("Outside the picture, not drawn: " + nameList(f.outside, kNamesShown) + ".");
     }

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
+#include <set>
 
 namespace app {
 
@@ -276,6 +278,11 @@ RunOutcome decideOutcome(const RunFacts& facts, const DialogReading& dialog) {
     for (const WrittenLayer& layer : facts.written) {
         out.written.push_back(layer.id);
         points.push_back(layoutPoint(layer.position, surface.centre));
+    }
+    if (out.apply == ApplyState::applied) {
+        const std::set<host::Id> written(out.written.begin(), out.written.end());
+        std::copy_if(out.taken.begin(), out.taken.end(), std::back_inserter(out.left_out),
+                     [&](host::Id id) { return written.count(id) == 0; });
     }
     const std::optional<Shape> shape = usedShape(out, points, dialog, surface.notes);
     if (!shape) {

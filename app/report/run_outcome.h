@@ -65,6 +65,9 @@ struct RunOutcome {
     std::vector<host::Id> arranged;
     // Written layers the layout did not reach: they kept their places, moved by `offset`.
     std::vector<host::Id> not_reached;
+    // Taken layers the step did not write at all, in selection order: a repeat cut took them from
+    // the list, or the step stopped before them. They are exactly as they were. Empty unless applied.
+    std::vector<host::Id> left_out;
     // Added to every position the step wrote: the composition's centre with "Use Comp Center".
     Vec3 offset;
     // The extent the layout gave text and shape layers, which have no source of their own.

@@ -69,15 +69,6 @@ bool applyFailed(const SessionResult& run, const RunOutcome& outcome) {
     return run.apply.pressed && (refused_call || (shortfall && !run.apply.refused.empty()));
 }
 
-// Layers the command took that a finished "Apply" did not write.
-std::vector<host::Id> leftOut(const RunOutcome& outcome) {
-    const std::set<host::Id> written(outcome.written.begin(), outcome.written.end());
-    std::vector<host::Id> ids;
-    std::copy_if(outcome.taken.begin(), outcome.taken.end(), std::back_inserter(ids),
-                 [&](host::Id id) { return written.count(id) == 0; });
-    return ids;
-}
-
 std::string applyFailure(const SessionResult& run, const RunOutcome& outcome) {
     std::string text = "\"Apply\" stopped: ";
     if (!run.apply.refused.empty()) {
@@ -205,7 +196,7 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome) {
         r.stopped_after = takenWritten(outcome);
         r.not_reached.clear();
     } else if (r.apply == ApplyState::applied) {
-        r.left_out = named(project, outcome.comp, leftOut(outcome));
+        r.left_out = named(project, outcome.comp, outcome.left_out);
     }
     return r;
 }
