@@ -42,7 +42,9 @@ const std::array kNotes = {
     note(EDIT_SPHERE_CENTER_Z, "cylinder centre Z (toward the viewer)"),
     note(CHECK_DISTRIBUTE_EVENLY, "\"Distribute Evenly\": rows of equal spacing over the whole height",
          "still, with CHECK_RADIUS_BY_FIRST on as well, this one decides the layout and the radius is not used"),
-    note(CHECK_DONT_INTERSECT, "\"Don't Intersect\": skip places where a layer would overlap one already placed"),
+    note(CHECK_DONT_INTERSECT,
+         "\"Don't Intersect\": skip places where a layer's centre or a corner would fall within the band on the "
+         "cylinder that a layer placed before takes up; layers can still overlap where only edges cross"),
     note(CHECK_SCALE_LAYER, "\"Scale Layer to\": bring every layer to a square of EDIT_FORCE_CONFORM pixels",
          "still, the layers are scaled while CHECK_RADIUS_BY_FIRST is on, and the first one's new width sets the "
          "radius"),

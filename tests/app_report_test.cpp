@@ -167,6 +167,23 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
     EXPECT_NE(run({scene, "--no-apply"})
                   .out.find("  arranged:     nothing: \"Apply\" was not pressed (3 selected layers, no copies made)\n"),
               std::string::npos);
+    // Selected layers the command does not take are named with their types.
+    json with_others = cardScene(2);
+    with_others["layers"][0]["type"] = "camera";
+    with_others["layers"][0].erase("source");
+    with_others["layers"][1]["three_d"] = false;
+    with_others["layers"].push_back(cardScene(1)["layers"][0]);
+    const apptest::ToolRun others = run({writeScene("o.json", with_others), "--json-report", path("report.json")});
+    ASSERT_EQ(others.status, 0) << others.err;
+    EXPECT_NE(others.out.find("  arranged:     1 of 1 layer (1 selected layer, no copies made)\n"
+                              "  not reached:  none\n"
+                              "  not taken:    2: #1 \"Card 1\" (camera), #2 \"Card 2\" (av 2D) (selected, but the "
+                              "command did not take them)\n"),
+              std::string::npos)
+        << others.out;
+    EXPECT_EQ(json::parse(apptest::readFile(path("report.json")))["not_taken"],
+              json::parse(R"([{"layer": 1, "name": "Card 1", "type": "camera"},
+                              {"layer": 2, "name": "Card 2", "type": "av 2D"}])"));
     // A sector with no box ticked keeps every turn, also where the placement ignores the sector.
     const apptest::ToolRun unturned = run(
         {scene, "--set", "RADIO_SECTOR=on", "--set", "CHECK_DISTRIBUTE_EVENLY=on", "--set", "CHECK_SECTOR_FRONT=off"});
@@ -176,6 +193,15 @@ TEST_F(Report, SummaryNamesTheLayersTheLayoutDidNotReachOrWhyNothingWasArranged)
                                 "sector box ticked, \"Apply\" leaves Orientation and the rotations as they were\n"),
               std::string::npos)
         << unturned.out;
+    // Steps of 0, or too small to move a layer, pile the layers on the first place: in front, at the
+    // bottom of the 2000-high box.
+    for (const char* step : {"EDIT_MIN_LONGITUDE=0", "EDIT_MIN_LONGITUDE=1e-30"}) {
+        EXPECT_EQ(warnings(cardScene(3), {step, "EDIT_MIN_LATITUDE=0"}),
+                  Lines{"3 arranged layers share their place with another, \"Card 1\", \"Card 2\", \"Card 3\" at "
+                        "(960.0, 1540.0, -500.0): a step of 0, or one too small to move a layer, between places "
+                        "(EDIT_MIN_LONGITUDE, EDIT_MIN_LATITUDE and their increments) puts layers on one spot"})
+            << step;
+    }
     EXPECT_EQ(warnings(cardScene(3), {}, {"--no-apply", "--undo"}),
               Lines{"--undo: nothing to take back, \"Apply\" was not pressed (--no-apply)"});
     const apptest::ToolRun undone = run({scene, "--undo", "--set", "CHECK_REPEAT_LAYERS=on"});

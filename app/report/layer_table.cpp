@@ -116,6 +116,10 @@ void alignTriples(std::vector<Row>& rows, const std::vector<std::array<Triple, 3
 
 }  // namespace
 
+std::string layerKind(const host::Layer& layer) {
+    return std::string(typeName(layer.type)) + (layer.three_d ? "" : " 2D");
+}
+
 std::string tableNumber(double value) {
     if (!std::isfinite(value)) {
         return std::isnan(value) ? "nan" : (value > 0 ? "inf" : "-inf");
@@ -177,8 +181,7 @@ std::string layerTable(const host::Project& before, const host::Project& after,
     for (std::size_t i = 0; i < comp->layers.size(); ++i) {
         const host::Layer& layer = comp->layers[i];
         using host::Prop;
-        rows.push_back({{std::to_string(i + 1), escapedText(layer.name),
-                         std::string(typeName(layer.type)) + (layer.three_d ? "" : " 2D"), "", "", "", keyCounts(layer),
+        rows.push_back({{std::to_string(i + 1), escapedText(layer.name), layerKind(layer), "", "", "", keyCounts(layer),
                          runColumn(layerChange(before, layer), missed.count(layer.id) != 0)}});
         triples.push_back({triple(layer.prop(Prop::position).valueAt(comp->time)),
                            triple(layer.prop(Prop::orientation).valueAt(comp->time)),

@@ -11,6 +11,9 @@ namespace app {
 // What the run did to a layer, judged against the project before the run.
 std::string layerChange(const host::Project& before, const host::Layer& layer);
 
+// A layer's type as the table's column gives it: the scene file's name, with " 2D" for a 2D layer.
+std::string layerKind(const host::Layer& layer);
+
 // A value in at most ten characters: one decimal while that fits, else exponent form.
 std::string tableNumber(double value);
 

@@ -5,6 +5,7 @@
 #include "controls/settings_table.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <unordered_map>
 
@@ -27,7 +28,7 @@ std::vector<NamedLayer> named(const host::Project& project, host::Id comp_id, co
         const host::Layer* layer = project.layer(id);
         const auto number = numbers.find(id);
         if (layer != nullptr && number != numbers.end()) {
-            layers.push_back({number->second, layer->name});
+            layers.push_back({number->second, layer->name, layerKind(*layer)});
         }
     }
     return layers;
@@ -148,6 +149,33 @@ std::string leftOutLine(const RunReport& r) {
            (r.left_out.size() == 1 ? "it" : "them") + " from the list too)";
 }
 
+// The composition's selection as the scene made it, less the layers the command took.
+std::vector<NamedLayer> notTaken(const host::Project& before, const host::Project& after, const RunOutcome& outcome) {
+    const host::Comp* comp = before.comp(outcome.comp);
+    if (comp == nullptr) {
+        return {};
+    }
+    const std::set<host::Id> taken(outcome.taken.begin(), outcome.taken.end());
+    std::vector<host::Id> ids;
+    std::copy_if(comp->selection.begin(), comp->selection.end(), std::back_inserter(ids),
+                 [&](host::Id id) { return taken.count(id) == 0; });
+    return named(after, outcome.comp, ids);
+}
+
+std::string notTakenLine(const RunReport& r) {
+    std::string line = std::to_string(r.not_taken.size()) + ":";
+    for (std::size_t i = 0; i < r.not_taken.size() && i < kNamesShown; ++i) {
+        const NamedLayer& layer = r.not_taken[i];
+        line += (i == 0 ? " #" : ", #") + std::to_string(layer.number) + " \"" + escapedText(layer.name) + "\" (" +
+                layer.kind + ")";
+    }
+    if (r.not_taken.size() > kNamesShown) {
+        line += " and " + std::to_string(r.not_taken.size() - kNamesShown) + " more";
+    }
+    return line + (r.not_taken.size() == 1 ? " (selected, but the command did not take it)"
+                                           : " (selected, but the command did not take them)");
+}
+
 std::string undoLine(const RunReport& r) {
     if (r.undo_groups.empty()) {
         return "none";
@@ -172,6 +200,7 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome) {
     r.written = outcome.written.size();
     r.arranged = outcome.arranged.size();
     r.not_reached = named(project, outcome.comp, outcome.not_reached);
+    r.not_taken = notTaken(run.before(), project, outcome);
     if (outcome.offset.x != 0 || outcome.offset.y != 0 || outcome.offset.z != 0) {
         r.offset = vectorText(outcome.offset);
     }
@@ -225,6 +254,9 @@ std::string summaryText(const RunReport& r) {
     if (!r.left_out.empty()) {
         text += "  left out:     " + leftOutLine(r) + "\n";
     }
+    if (!r.not_taken.empty()) {
+        text += "  not taken:    " + notTakenLine(r) + "\n";
+    }
     text += "  surface:      " + r.surface + "\n";
     for (const std::string& note : r.surface_notes) {
         text += "                " + note + "\n";
@@ -249,6 +281,10 @@ nlohmann::json summaryJson(const RunReport& r, int status) {
     for (const NamedLayer& layer : r.left_out) {
         left_out.push_back({{"layer", layer.number}, {"name", layer.name}});
     }
+    json not_taken = json::array();
+    for (const NamedLayer& layer : r.not_taken) {
+        not_taken.push_back({{"layer", layer.number}, {"name", layer.name}, {"type", layer.kind}});
+    }
     json undo = json::array();
     for (const host::UndoGroup& g : r.undo_groups) {
         undo.push_back({{"name", g.name}, {"closed", g.closed}, {"undone", g.undone}});
@@ -268,6 +304,7 @@ nlohmann::json summaryJson(const RunReport& r, int status) {
             {"stopped_after", r.stopped_after ? json(*r.stopped_after) : json(nullptr)},
             {"not_reached", std::move(not_reached)},
             {"left_out", std::move(left_out)},
+            {"not_taken", std::move(not_taken)},
             {"surface", {{"text", r.surface}, {"notes", r.surface_notes}}},
             {"undo_groups", std::move(undo)},
             {"warnings", std::move(warnings)},

@@ -20,6 +20,7 @@ namespace app {
 struct NamedLayer {
     std::size_t number = 0;  // place in the composition after the run, 1 at the top
     std::string name;
+    std::string kind;  // its type as the table gives it, e.g. "camera" or "av 2D"
 };
 
 struct RunReport {
@@ -33,6 +34,8 @@ struct RunReport {
     std::vector<NamedLayer> not_reached;  // empty when "Apply" stopped part-way
     // Selected layers a finished "Apply" did not write: the repeat cut took them from the list.
     std::vector<NamedLayer> left_out;
+    // Layers selected in the composition that the command did not take (a camera, a 2D layer …).
+    std::vector<NamedLayer> not_taken;
     std::string offset;   // added to every position written, e.g. "(960.0, 540.0, 0.0)"; empty when none
     std::string surface;  // mode, size and centre
     std::vector<std::string> surface_notes;    // the ring's closing among them

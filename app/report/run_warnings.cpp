@@ -154,7 +154,8 @@ void stacked(const SessionResult& run, const RunOutcome& outcome, std::vector<Wa
         out.push_back({"", "stacked",
                        std::to_string(count) + " arranged layers share their place with another, " +
                            nameList(*largest, 3) + " at " + placeText(place) +
-                           ": a step of 0 between places (EDIT_MIN_LONGITUDE, EDIT_MIN_LATITUDE and their "
+                           ": a step of 0, or one too small to move a layer, between places (EDIT_MIN_LONGITUDE, "
+                           "EDIT_MIN_LATITUDE and their "
                            "increments) puts layers on one spot"});
     }
 }
