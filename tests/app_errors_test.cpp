@@ -95,6 +95,8 @@ TEST_F(Failures, FailuresBeforeTheDialogWriteNothingAndAStoppedApplyIsReportedWi
     EXPECT_NE(r.out.find("Summary"), std::string::npos);
     const json report = json::parse(apptest::readFile(path("report.json")));
     EXPECT_EQ(report["status"], 3);
+    EXPECT_EQ(report["apply"], "stopped");
+    EXPECT_EQ(report["stopped_after"], 0);
     EXPECT_EQ(report["failures"].size(), 1u);
     EXPECT_EQ(json::parse(apptest::readFile(path("after.json")))["layers"].size(), 3u);
 }

@@ -293,8 +293,10 @@ nlohmann::json summaryJson(const RunReport& r, int status) {
     for (const Warning& w : r.warnings) {
         warnings.push_back({{"control", w.control}, {"kind", w.kind}, {"text", w.text}});
     }
-    const char* apply =
-        r.apply == ApplyState::applied ? "applied" : (r.apply == ApplyState::undone ? "undone" : "not_applied");
+    const char* apply = r.apply == ApplyState::undone        ? "undone"
+                        : r.apply == ApplyState::not_applied ? "not_applied"
+                        : r.stopped_after                    ? "stopped"
+                                                             : "applied";
     return {{"status", status},
             {"apply", apply},
             {"selected", r.selected},
