@@ -11,20 +11,6 @@ namespace app {
 namespace {
 
 constexpr std::size_t kCaptionWidth = 165;  // characters of a caption line
-// Coordinates beyond this many pixels are no longer a place in any composition.
-constexpr double kAbsurd = 1e12;
-
-bool sane(const PlacedLayer& layer) {
-    for (const Vec3& c : layer.corners) {
-        for (const double v : {c.x, c.y, c.z}) {
-            if (!std::isfinite(v) || std::fabs(v) > kAbsurd) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
 std::vector<std::string> captionLines(const CaptionFacts& facts) {
     std::vector<std::string> lines;
     for (const std::string& sentence : captionSentences(facts)) {
@@ -135,7 +121,7 @@ PreviewContent gatherPreview(const host::Project& project, const RunOutcome& out
     c.placed = placeLayers(project, *c.comp, outcome.sourceless);
     std::vector<const PlacedLayer*> layers;
     for (const PlacedLayer& layer : c.placed) {
-        if (sane(layer)) {
+        if (drawable(layer)) {
             layers.push_back(&layer);
         } else {
             c.left_out.push_back(layer.name);
