@@ -378,6 +378,61 @@ test('with "Sector" the surface is outlined only on the half it admits', async (
   await page.close();
 });
 
+// The chosen layer's panel after a search for its name, and the view's target before and after.
+async function findLayer(page, name) {
+  const was = (await view(page)).target;
+  await page.click('#search');
+  await page.keyboard.type(name);
+  await page.keyboard.press('Enter');
+  await frames(page, 2);
+  const panel = await page.$eval('#details', (e) => [...e.querySelectorAll('h2, p')].map((p) => p.textContent));
+  return { panel, was, target: (await view(page)).target };
+}
+
+test('a layer too large to draw is left out, as the preview leaves it out, and the page says so', async () => {
+  const layers = ['Card 1', 'Huge', 'Card 3', 'Card 4'].map((name) => ({
+    name, type: 'av', three_d: true, source: { width: 400, height: 300 }, position: [960, 540, 0],
+    scale: name === 'Huge' ? [1e30, 1e30, 100] : [100, 100, 100], orientation: [0, 0, 0], rotation: [0, 0, 0], selected: true,
+  }));
+  const file = path.join(work, 'huge-scene.json');
+  fs.writeFileSync(file, JSON.stringify({ comp: { name: 'Huge', width: 1920, height: 1080 }, layers }));
+  const run = makePage('huge', [file]);
+  const { page, errors } = await open(chromium.browser, run.file);
+  assert.match(await page.$eval('#summary', (e) => e.textContent), /: 4 3D layers, 4 arranged, 0 made as copies, 1 not drawn: too large or not finite to draw\. /);
+  // The other cards where the scene puts them, framed on them, and nothing of the huge one.
+  await press(page, '[data-view="front"]');
+  const others = rectangles(run.after).filter((r) => r.layer.name !== 'Huge');
+  const result = await compare(page, viewCamera(await view(page)), others, 'huge-front.png', run.after);
+  assert.deepEqual(result.failed, []);
+  assert.ok(result.cards >= 2 && result.empty >= 20, `${result.cards} cards and ${result.empty} empty points checked`);
+  // Found by its name, it is said to be left out, and the view stays.
+  const found = await findLayer(page, 'Huge');
+  assert.deepEqual(found.panel.slice(0, 4), ['Huge', 'Footage layer 2', 'Put on the surface by the run', 'Left out of the drawing: too large or not finite to draw']);
+  assert.deepEqual(found.target, found.was);
+  assert.deepEqual(errors, []);
+  await page.close();
+});
+
+test('layers the repeat cut left out are counted and marked as the summary names them', async () => {
+  const report = path.join(work, 'cut-report.json');
+  const args = [path.join(process.env.ORBISETT_PAGE_DIR, '../../docs/cards.json'), '--set', 'CHECK_REPEAT_LAYERS=on',
+    '--set', 'EDIT_MIN_LONGITUDE=120', '--set', 'EDIT_DIM_Y=10'];
+  runTool([...args, '--json-report', report]);
+  const leftOut = readJson(report).left_out.map((l) => l.name);
+  assert.deepEqual(leftOut, ['Photo 4', 'Photo 5', 'Photo 6', 'Caption']);
+  const run = makePage('cut', args);
+  const { page, errors } = await open(chromium.browser, run.file);
+  assert.match(await page.$eval('#summary', (e) => e.textContent), /: 7 3D layers, 3 arranged, 0 made as copies, 4 left out when the repeats were cut\. /);
+  for (const [name, run] of [['Photo 6', 'Taken by the run, but left out when the repeats were cut to the places that fit: not changed'], ['Photo 1', 'Put on the surface by the run']]) {
+    const found = await findLayer(page, name);
+    assert.deepEqual(found.panel.slice(0, 3), [name, `Footage layer ${name.slice(-1)}`, run]);
+    await page.keyboard.press('Escape');
+    await page.$eval('#search', (e) => { e.value = ''; });
+  }
+  assert.deepEqual(errors, []);
+  await page.close();
+});
+
 test('without WebGL the page says why it shows nothing', async () => {
   const { page, errors } = await open(chromium.browser, demo.file, {
     beforeLoad: () => {
