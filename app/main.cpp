@@ -41,10 +41,10 @@ int run(const app::Options& options) {
         gltf = app::gltfScene(result.before(), result.host->project(), outcome);
         app::addGltfWarnings(report, *gltf);
     }
-    // The page says which layers the run left out of the list, as the summary names them.
+    // Made before the summary, like the preview, so that the layers the page cannot draw can be named.
     std::optional<app::PageData> page;
     if (!options.html.empty()) {
-        page = app::pageSceneData(result.before(), result.host->project(), outcome, report.left_out);
+        page = app::pageSceneData(result.before(), result.host->project(), outcome);
     }
     const int status = report.failures.empty() ? kDone : kFailure;
     std::vector<app::OutputFile> outputs =

@@ -87,7 +87,7 @@ std::size_t makeOutput(const Arranged& a, Output output) {
         case Output::dialog_png:
             return app::renderPng(a.run.dialog_svg).size();
         case Output::page:
-            app::writeHtmlPage(out, app::pageSceneData(a.run.before(), a.run.host->project(), a.outcome, {}));
+            app::writeHtmlPage(out, app::pageSceneData(a.run.before(), a.run.host->project(), a.outcome));
             break;
     }
     return buffer.bytes;

@@ -431,7 +431,7 @@ TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndThe
     app::RunOutcome outcome;
     outcome.copies = {{copy, near}};
     outcome.arranged = {near};
-    const app::PageLayers layers = app::pageSceneData(before, after, outcome, {}).layers;
+    const app::PageLayers layers = app::pageSceneData(before, after, outcome).layers;
     ASSERT_EQ(layers.size(), 4u);
     EXPECT_EQ(layers.numbers[0], 1u);
     EXPECT_EQ(layers.copy_of[0], 1u);
@@ -453,7 +453,7 @@ TEST(PageData, CopiesStartWhereTheirOriginalsStoodLayersMoveAndNamesCannotEndThe
     before.comps.front().name = "A <b> & </title>";
     before.comps.front().layers[0].name = "</script><script>alert(1)</script><!--";
     std::ostringstream written;
-    app::writeHtmlPage(written, app::pageSceneData(before, before, app::RunOutcome{}, {}));
+    app::writeHtmlPage(written, app::pageSceneData(before, before, app::RunOutcome{}));
     const std::string page = written.str();
     EXPECT_EQ(count(page, "</script>"), 2u);  // the data's and the page script's own
     EXPECT_EQ(count(page, "<!--"), 0u);
@@ -503,7 +503,7 @@ TEST(PageData, TextAndShapeLayersTakeTheExtentTheLayoutGaveThem) {
         EXPECT_NEAR(side(placed.corners, 0, 3), h, kTight) << placed.name;
         EXPECT_EQ(placed.has_source, placed.id != text && placed.id != shape);
     }
-    const app::PageLayers layers = app::pageSceneData(project, project, outcome, {}).layers;
+    const app::PageLayers layers = app::pageSceneData(project, project, outcome).layers;
     for (std::size_t i = 0; i < layers.size(); ++i) {
         if (layers.sources[i] == 0) {
             for (const std::vector<float>* state : {&layers.corners_before, &layers.corners_after}) {
@@ -535,7 +535,7 @@ TEST(PageData, SurfaceOutlineIsThePreviewsPiecesOnlyOnTheHalvesASectorAdmits) {
         host.replaceProject(project);
         const app::RunOutcome outcome = app::readRunOutcome(project, host, apptest::dialogReading(c.settings));
         const nlohmann::json outline =
-            app::pageSceneData(host.project(), host.project(), outcome, {}).scene["surface"]["outline"];
+            app::pageSceneData(host.project(), host.project(), outcome).scene["surface"]["outline"];
         const auto pieces = app::outlinePieces(outcome.surface);
         ASSERT_EQ(outline.size(), c.pieces) << c.settings;
         ASSERT_EQ(pieces.size(), c.pieces);

@@ -163,7 +163,7 @@ void reserve(PageLayers& layers, std::size_t count) {
 }
 
 PageLayers layersData(const host::Project& before, const host::Project& after, const host::Comp& comp,
-                      const RunOutcome& outcome, const std::vector<std::size_t>& left_out) {
+                      const RunOutcome& outcome) {
     const BeforeStates was(before, outcome.sourceless);
     std::vector<LayerCopy> copies = outcome.copies;
     std::ranges::sort(copies, {}, &LayerCopy::layer);
@@ -173,6 +173,7 @@ PageLayers layersData(const host::Project& before, const host::Project& after, c
     };
     const std::vector<host::Id> arranged = sorted(outcome.arranged);
     const std::vector<host::Id> not_reached = sorted(outcome.not_reached);
+    const std::vector<host::Id> left_out = sorted(outcome.left_out);
     const std::vector<PlacedLayer> placed_layers = placeLayers(after, comp, outcome.sourceless);
     PageLayers layers;
     reserve(layers, placed_layers.size());
@@ -192,10 +193,9 @@ PageLayers layersData(const host::Project& before, const host::Project& after, c
         const bool before_drawn = appendBefore(layers, was, is_copy ? copy->original : layer.id, drawable(placed));
         layers.runs.push_back(std::ranges::binary_search(arranged, layer.id)      ? LayerRun::arranged
                               : std::ranges::binary_search(not_reached, layer.id) ? LayerRun::not_reached
-                              : std::ranges::binary_search(left_out, static_cast<std::size_t>(placed.number))
-                                  ? LayerRun::left_out
-                              : lastStatesDiffer(layers) ? LayerRun::moved
-                                                         : LayerRun::kept);
+                              : std::ranges::binary_search(left_out, layer.id)    ? LayerRun::left_out
+                              : lastStatesDiffer(layers)                          ? LayerRun::moved
+                                                                                  : LayerRun::kept);
         layers.drawn.push_back(before_drawn && drawable(placed) ? 1 : 0);
         if (layers.drawn.back() == 0) {
             undrawLast(layers);
@@ -303,8 +303,7 @@ SceneCamera sceneCamera(const host::Comp& comp) {
     return camera;
 }
 
-PageData pageSceneData(const host::Project& before, const host::Project& after, const RunOutcome& outcome,
-                       const std::vector<NamedLayer>& left_out) {
+PageData pageSceneData(const host::Project& before, const host::Project& after, const RunOutcome& outcome) {
     PageData data;
     data.scene = {{"comp", nullptr}, {"palette", paletteData()}};
     const host::Comp* comp = reportedComp(after);
@@ -314,15 +313,7 @@ PageData pageSceneData(const host::Project& before, const host::Project& after, 
     data.scene["comp"] = {{"name", comp->name}, {"width", comp->width}, {"height", comp->height}};
     data.scene["surface"] = surfaceData(outcome.surface);
     data.scene["camera"] = cameraData(*comp);
-    // The report numbers them in the composition the command worked on.
-    std::vector<std::size_t> left_out_numbers;
-    for (const NamedLayer& layer : left_out) {
-        if (comp->id == outcome.comp) {
-            left_out_numbers.push_back(layer.number);
-        }
-    }
-    std::ranges::sort(left_out_numbers);
-    data.layers = layersData(before, after, *comp, outcome, left_out_numbers);
+    data.layers = layersData(before, after, *comp, outcome);
     return data;
 }
 

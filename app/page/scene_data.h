@@ -6,7 +6,6 @@
 
 #include "app/drawing/vec3.h"
 #include "app/report/run_outcome.h"
-#include "app/report/run_report.h"
 #include "host/project.h"
 
 #include <nlohmann/json.hpp>
@@ -40,7 +39,7 @@ inline constexpr std::size_t kKeyCounts = 6;       // Position, Orientation, Sca
 
 enum class LayerKind : std::uint8_t { footage, text, shape };
 // What the run did: put it on the surface, took it without reaching it, changed it otherwise, left
-// it as it was, or took it and left it out of the list when the repeats were cut (not written).
+// it as it was, or took it and did not write it (`RunOutcome::left_out`).
 enum class LayerRun : std::uint8_t { arranged, not_reached, moved, kept, left_out };
 
 // The page's layers, in layer order, a column per fact: a page of a hundred thousand layers
@@ -71,10 +70,8 @@ struct PageData {
 };
 
 // The page's data for the reported composition of `after`; `before` is the project as the scene
-// made it, `outcome` what the run did, `left_out` the selected layers it left out of the list, as
-// the run's report names them (RunReport::left_out).
-PageData pageSceneData(const host::Project& before, const host::Project& after, const RunOutcome& outcome,
-                       const std::vector<NamedLayer>& left_out);
+// made it, `outcome` what the run did.
+PageData pageSceneData(const host::Project& before, const host::Project& after, const RunOutcome& outcome);
 
 // The data as the JSON the page reads, safe inside a script element: the scene's parts as they
 // are, and under "layers" the count, the names, and each other column as its type, its numbers

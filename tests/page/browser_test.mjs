@@ -422,8 +422,8 @@ test('layers the repeat cut left out are counted and marked as the summary names
   assert.deepEqual(leftOut, ['Photo 4', 'Photo 5', 'Photo 6', 'Caption']);
   const run = makePage('cut', args);
   const { page, errors } = await open(chromium.browser, run.file);
-  assert.match(await page.$eval('#summary', (e) => e.textContent), /: 7 3D layers, 3 arranged, 0 made as copies, 4 left out when the repeats were cut\. /);
-  for (const [name, run] of [['Photo 6', 'Taken by the run, but left out when the repeats were cut to the places that fit: not changed'], ['Photo 1', 'Put on the surface by the run']]) {
+  assert.match(await page.$eval('#summary', (e) => e.textContent), /: 7 3D layers, 3 arranged, 0 made as copies, 4 taken but not written, exactly as they were\. /);
+  for (const [name, run] of [['Photo 6', 'Taken by the run, but not written by it: exactly as it was'], ['Photo 1', 'Put on the surface by the run']]) {
     const found = await findLayer(page, name);
     assert.deepEqual(found.panel.slice(0, 3), [name, `Footage layer ${name.slice(-1)}`, run]);
     await page.keyboard.press('Escape');

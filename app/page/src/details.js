@@ -34,7 +34,7 @@ const kRuns = {
   not_reached: 'Taken by the run, but not reached by the layout',
   moved: 'Changed by the run',
   kept: 'Not changed by the run',
-  left_out: 'Taken by the run, but left out when the repeats were cut to the places that fit: not changed',
+  left_out: 'Taken by the run, but not written by it: exactly as it was',
 };
 
 function describeRun(layer) {

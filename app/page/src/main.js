@@ -21,7 +21,7 @@ function summary(data) {
   }
   const leftOut = layers.countRun('left_out');
   if (leftOut > 0) {
-    parts.push(`${leftOut} left out when the repeats were cut`);
+    parts.push(`${leftOut} taken but not written, exactly as they were`);
   }
   const notDrawn = layers.countNotDrawn();
   if (notDrawn > 0) {
