@@ -2,6 +2,7 @@
 #include "app/drawing/preview_picture.h"
 #include "app/output/output_files.h"
 #include "app/output/write_outputs.h"
+#include "app/page/scene_data.h"
 #include "app/report/layer_table.h"
 #include "app/report/run_report.h"
 #include "app/run/app_error.h"
@@ -40,10 +41,15 @@ int run(const app::Options& options) {
         gltf = app::gltfScene(result.before(), result.host->project(), outcome);
         app::addGltfWarnings(report, *gltf);
     }
+    // Made before the summary, like the preview, so that the layers the page cannot draw can be named.
+    std::optional<app::PageData> page;
+    if (!options.html.empty()) {
+        page = app::pageSceneData(result.before(), result.host->project(), outcome);
+    }
     const int status = report.failures.empty() ? kDone : kFailure;
     std::vector<app::OutputFile> outputs =
-        app::outputFiles(options, result, outcome, preview ? &preview->drawing : nullptr, gltf ? &*gltf : nullptr,
-                         app::summaryJson(report, status));
+        app::outputFiles(options, result, preview ? &preview->drawing : nullptr, page ? &*page : nullptr,
+                         gltf ? &*gltf : nullptr, app::summaryJson(report, status));
     if (!options.quiet) {
         const bool scene_to_stdout = options.out == app::kStandardStream;
         const std::vector<host::Id> none;

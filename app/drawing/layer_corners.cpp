@@ -4,6 +4,7 @@
 #include "app/report/run_facts.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace app {
 
@@ -15,7 +16,21 @@ bool isSurfaceLayer(const host::Layer& layer) {
                              layer.type == AEGP_ObjectType_VECTOR);
 }
 
+// Coordinates beyond this many pixels are no longer a place in any composition.
+constexpr double kAbsurd = 1e12;
+
 }  // namespace
+
+bool drawable(const PlacedLayer& layer) {
+    for (const Vec3& c : layer.corners) {
+        for (const double v : {c.x, c.y, c.z}) {
+            if (!std::isfinite(v) || std::fabs(v) > kAbsurd) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
 
 const host::Comp* reportedComp(const host::Project& project) {
     for (const host::Comp& comp : project.comps) {

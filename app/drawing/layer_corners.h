@@ -35,6 +35,10 @@ std::array<double, 2> layerSize(const host::Project& project, const host::Layer&
 // layers without a source at the extent `sourceless`.
 std::vector<PlacedLayer> placeLayers(const host::Project& project, const host::Comp& comp, controls::Extent sourceless);
 
+// Whether every corner is a finite number within reach of any picture: a layer that is not is left
+// out of what is drawn and framed, and named instead.
+bool drawable(const PlacedLayer& layer);
+
 // A rectangle of size w x h, anchor at its centre, scaled (percent), turned and moved.
 PlacedLayer placeRectangle(double width, double height, const Vec3& position, const Vec3& scale,
                            const Vec3& orientation, const Vec3& rotation);

@@ -11,20 +11,6 @@ namespace app {
 namespace {
 
 constexpr std::size_t kCaptionWidth = 165;  // characters of a caption line
-// Coordinates beyond this many pixels are no longer a place in any composition.
-constexpr double kAbsurd = 1e12;
-
-bool sane(const PlacedLayer& layer) {
-    for (const Vec3& c : layer.corners) {
-        for (const double v : {c.x, c.y, c.z}) {
-            if (!std::isfinite(v) || std::fabs(v) > kAbsurd) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
 std::vector<std::string> captionLines(const CaptionFacts& facts) {
     std::vector<std::string> lines;
     for (const std::string& sentence : captionSentences(facts)) {
@@ -124,6 +110,52 @@ double outlineWidth(const std::vector<PreviewItem>& items) {
     return std::clamp(kInk * span / perimeter, kThinnest, kFaceOutline);
 }
 
+Box boxOf(const Label& label) { return {label.low.x, label.low.y, label.high.x, label.high.y}; }
+
+// A guide line keeps this far from a name's box.
+constexpr double kLineGap = 4;
+// Half the length of a stroke of the centre's cross.
+constexpr double kCross = 6;
+
+// The caption is painted last over a band of the background: a name reaching into it would be cut.
+void dropNamesUnderCaption(std::vector<PreviewItem>& items, double caption_bottom) {
+    for (PreviewItem& item : items) {
+        if (item.label && item.label->low.y < caption_bottom) {
+            item.label.reset();
+        }
+    }
+}
+
+// Guide lines painted after a name leave a gap where it stands, so that no line crosses letters:
+// the surface's outline pieces (painted among the layers, far to near) and the centre's cross
+// (painted last).
+void breakLinesAtNames(PreviewContent& c, const Surface& surface) {
+    const View& view = *c.view;
+    std::vector<Box> names;
+    for (PreviewItem& item : c.items) {
+        if (item.layer != nullptr) {
+            if (item.label) {
+                names.push_back(boxOf(*item.label));
+            }
+            continue;
+        }
+        const auto near = view.clipNear(item.a, item.b);
+        if (const auto flat = near ? clipToArea(view(near->first), view(near->second), c.area) : std::nullopt) {
+            item.pieces = outsideBoxes(flat->first, flat->second, names, kLineGap);
+        }
+    }
+    if (!surface.known || !view.inFront(surface.centre) || !c.area.contains(view(surface.centre))) {
+        return;
+    }
+    const Point2 m = view(surface.centre);
+    for (const Segment2& stroke :
+         {Segment2{{m.x - kCross, m.y}, {m.x + kCross, m.y}}, Segment2{{m.x, m.y - kCross}, {m.x, m.y + kCross}}}) {
+        for (const Segment2& part : outsideBoxes(stroke.first, stroke.second, names, kLineGap)) {
+            c.centre_cross.push_back(part);
+        }
+    }
+}
+
 }  // namespace
 
 PreviewContent gatherPreview(const host::Project& project, const RunOutcome& outcome) {
@@ -135,7 +167,7 @@ PreviewContent gatherPreview(const host::Project& project, const RunOutcome& out
     c.placed = placeLayers(project, *c.comp, outcome.sourceless);
     std::vector<const PlacedLayer*> layers;
     for (const PlacedLayer& layer : c.placed) {
-        if (sane(layer)) {
+        if (drawable(layer)) {
             layers.push_back(&layer);
         } else {
             c.left_out.push_back(layer.name);
@@ -156,6 +188,8 @@ PreviewContent gatherPreview(const host::Project& project, const RunOutcome& out
     facts.left_out = c.left_out;
     c.caption = captionLines(facts);
     c.caption_bottom = kMargin + kCaptionLine * static_cast<double>(c.caption.size()) + 2;
+    dropNamesUnderCaption(c.items, c.caption_bottom);
+    breakLinesAtNames(c, outcome.surface);
     return c;
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/drawing/layer_corners.h"
+#include "app/drawing/line_gaps.h"
 #include "app/drawing/preview_label.h"
 #include "app/drawing/preview_view.h"
 #include "app/report/run_outcome.h"
@@ -29,6 +30,8 @@ struct PreviewItem {
     double depth = 0;
     const PlacedLayer* layer = nullptr;
     Vec3 a, b;
+    // The outline's piece on the picture, in the scene's area, broken where names painted before it stand.
+    std::vector<Segment2> pieces;
     std::array<Point2, 4> corners{};
     bool front = false;
     std::optional<Label> label;  // a name that fits and stays readable
@@ -43,6 +46,8 @@ struct PreviewContent {
     double outline = 0;                // the faces' outline width
     std::vector<std::string> caption;  // lines, wrapped
     double caption_bottom = 0;         // below the caption's last line
+    // The cross at the surface's centre, painted last, broken where names stand; empty without one.
+    std::vector<Segment2> centre_cross;
     // Layers not drawn because their corners are not finite numbers (or too large for any picture).
     std::vector<std::string> left_out;
     // Layers that lie outside the picture's frame.

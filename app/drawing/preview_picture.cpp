@@ -89,12 +89,16 @@ void drawScene(Drawing& d, const PreviewContent& c, const Surface& surface) {
     for (const PreviewItem& item : c.items) {
         if (item.layer != nullptr) {
             drawLayer(d, item, c.outline);
-        } else {
-            drawSegment(d, view, c.area, item.a, item.b, kOutline);
+        }
+        for (const auto& [a, b] : item.pieces) {
+            const Point2 line[] = {a, b};
+            d.polyline(line, kOutline);
         }
     }
-    if (surface.known) {
-        drawCross(d, view, c.area, surface.centre, Style{"none", std::string(kSurfaceColour.hex), 1.2, 1, ""});
+    const Style centre{"none", std::string(kSurfaceColour.hex), 1.2, 1, ""};
+    for (const auto& [a, b] : c.centre_cross) {
+        const Point2 line[] = {a, b};
+        d.polyline(line, centre);
     }
 }
 

@@ -5,7 +5,6 @@
 #include "app/drawing/svg_writer.h"
 #include "app/gltf/gltf_file.h"
 #include "app/page/html_page.h"
-#include "app/page/scene_data.h"
 #include "app/run/app_error.h"
 
 #include <memory>
@@ -47,8 +46,8 @@ OutputFile previewFile(const std::string& path, Drawing&& drawing) {
 
 }  // namespace
 
-std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, const RunOutcome& outcome,
-                                    Drawing* preview, const GltfScene* gltf, const nlohmann::json& report) {
+std::vector<OutputFile> outputFiles(const Options& options, const SessionResult& run, Drawing* preview,
+                                    const PageData* page, const GltfScene* gltf, const nlohmann::json& report) {
     std::vector<OutputFile> files;
     if (!options.out.empty()) {
         // Written as it is made: with keyframes the scene's text is larger than the project.
@@ -62,10 +61,8 @@ std::vector<OutputFile> outputFiles(const Options& options, const SessionResult&
     if (!options.dialog.empty()) {
         files.push_back(outputOf("--dialog", options.dialog, picture("--dialog", options.dialog, run.dialog_svg)));
     }
-    if (!options.html.empty()) {
-        files.push_back({"--html", options.html, [&run, &outcome](std::ostream& out) {
-                             writeHtmlPage(out, pageSceneData(run.before(), run.host->project(), outcome));
-                         }});
+    if (!options.html.empty() && page != nullptr) {
+        files.push_back({"--html", options.html, [page](std::ostream& out) { writeHtmlPage(out, *page); }});
     }
     if (const std::optional<GltfFormat> format = gltfFormat(options.gltf); format && gltf != nullptr) {
         // Made as it is written, so that a large one is not held beside the others.

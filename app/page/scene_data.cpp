@@ -81,9 +81,11 @@ public:
         index_.reserve(layers.size());
         corners_.reserve(layers.size() * kCornerNumbers);
         values_.reserve(layers.size() * kValueNumbers);
+        drawn_.reserve(layers.size());
         for (const PlacedLayer& placed : layers) {
             index_.push_back({placed.id, static_cast<std::uint32_t>(index_.size())});
             appendCorners(corners_, placed);
+            drawn_.push_back(drawable(placed));
             appendValues(values_, comp->layers[static_cast<std::size_t>(placed.number - 1)], comp->time);
         }
         std::sort(index_.begin(), index_.end());
@@ -101,23 +103,26 @@ public:
     std::span<const double> values(std::size_t place) const {
         return std::span(values_).subspan(place * kValueNumbers, kValueNumbers);
     }
+    bool drawn(std::size_t place) const { return drawn_[place]; }
 
 private:
     std::vector<std::pair<host::Id, std::uint32_t>> index_;
+    std::vector<bool> drawn_;
     std::vector<float> corners_;
     std::vector<double> values_;
 };
 
 // The before state of the layer just added: its own, its original's for a copy (a copy starts
-// where its original stood), or the after state for a layer the scene did not have.
-void appendBefore(PageLayers& layers, const BeforeStates& was, host::Id start) {
+// where its original stood), or the after state for a layer the scene did not have. Whether that
+// state can be drawn.
+bool appendBefore(PageLayers& layers, const BeforeStates& was, host::Id start, bool after_drawn) {
     const std::optional<std::size_t> found = was.find(start);
     if (found) {
         const auto corners = was.corners(*found);
         const auto values = was.values(*found);
         layers.corners_before.insert(layers.corners_before.end(), corners.begin(), corners.end());
         layers.values_before.insert(layers.values_before.end(), values.begin(), values.end());
-        return;
+        return was.drawn(*found);
     }
     const std::size_t corners = layers.corners_after.size() - kCornerNumbers;
     const std::size_t values = layers.values_after.size() - kValueNumbers;
@@ -125,6 +130,13 @@ void appendBefore(PageLayers& layers, const BeforeStates& was, host::Id start) {
                                  layers.corners_after.end());
     layers.values_before.insert(layers.values_before.end(), layers.values_after.begin() + values,
                                 layers.values_after.end());
+    return after_drawn;
+}
+
+// A layer left out of the drawing holds no place there: nothing of it is drawn or framed.
+void undrawLast(PageLayers& layers) {
+    std::fill(layers.corners_before.end() - kCornerNumbers, layers.corners_before.end(), 0.0f);
+    std::fill(layers.corners_after.end() - kCornerNumbers, layers.corners_after.end(), 0.0f);
 }
 
 bool lastStatesDiffer(const PageLayers& layers) {
@@ -141,6 +153,7 @@ void reserve(PageLayers& layers, std::size_t count) {
     layers.kinds.reserve(count);
     layers.sources.reserve(count);
     layers.runs.reserve(count);
+    layers.drawn.reserve(count);
     layers.copy_of.reserve(count);
     layers.corners_before.reserve(count * kCornerNumbers);
     layers.corners_after.reserve(count * kCornerNumbers);
@@ -160,6 +173,7 @@ PageLayers layersData(const host::Project& before, const host::Project& after, c
     };
     const std::vector<host::Id> arranged = sorted(outcome.arranged);
     const std::vector<host::Id> not_reached = sorted(outcome.not_reached);
+    const std::vector<host::Id> left_out = sorted(outcome.left_out);
     const std::vector<PlacedLayer> placed_layers = placeLayers(after, comp, outcome.sourceless);
     PageLayers layers;
     reserve(layers, placed_layers.size());
@@ -176,11 +190,16 @@ PageLayers layersData(const host::Project& before, const host::Project& after, c
         const bool is_copy = copy != copies.end() && copy->layer == layer.id;
         const host::Layer* original = is_copy ? before.layer(copy->original) : nullptr;
         layers.copy_of.push_back(original != nullptr ? static_cast<std::uint32_t>(original->scene_number) : 0);
-        appendBefore(layers, was, is_copy ? copy->original : layer.id);
+        const bool before_drawn = appendBefore(layers, was, is_copy ? copy->original : layer.id, drawable(placed));
         layers.runs.push_back(std::ranges::binary_search(arranged, layer.id)      ? LayerRun::arranged
                               : std::ranges::binary_search(not_reached, layer.id) ? LayerRun::not_reached
+                              : std::ranges::binary_search(left_out, layer.id)    ? LayerRun::left_out
                               : lastStatesDiffer(layers)                          ? LayerRun::moved
                                                                                   : LayerRun::kept);
+        layers.drawn.push_back(before_drawn && drawable(placed) ? 1 : 0);
+        if (layers.drawn.back() == 0) {
+            undrawLast(layers);
+        }
     }
     return layers;
 }
@@ -246,6 +265,7 @@ void writeLayers(std::ostream& out, const PageLayers& layers) {
     writeNamedColumn(out, "kinds", "u8", 1, layers.kinds);
     writeNamedColumn(out, "sources", "u8", 1, layers.sources);
     writeNamedColumn(out, "runs", "u8", 1, layers.runs);
+    writeNamedColumn(out, "drawn", "u8", 1, layers.drawn);
     writeNamedColumn(out, "copy_of", "u32", 1, layers.copy_of);
     writeNamedColumn(out, "corners_before", "f32", kCornerNumbers, layers.corners_before);
     writeNamedColumn(out, "corners_after", "f32", kCornerNumbers, layers.corners_after);

@@ -38,9 +38,9 @@ inline constexpr std::size_t kValueNumbers = 12;   // Position, Orientation, X, 
 inline constexpr std::size_t kKeyCounts = 6;       // Position, Orientation, Scale, X, Y and Z Rotation
 
 enum class LayerKind : std::uint8_t { footage, text, shape };
-// What the run did: put it on the surface, took it without reaching it, changed it otherwise, or
-// left it as it was.
-enum class LayerRun : std::uint8_t { arranged, not_reached, moved, kept };
+// What the run did: put it on the surface, took it without reaching it, changed it otherwise, left
+// it as it was, or took it and did not write it (`RunOutcome::left_out`).
+enum class LayerRun : std::uint8_t { arranged, not_reached, moved, kept, left_out };
 
 // The page's layers, in layer order, a column per fact: a page of a hundred thousand layers
 // holds numbers, not a hundred thousand objects.
@@ -50,6 +50,9 @@ struct PageLayers {
     std::vector<LayerKind> kinds;
     std::vector<std::uint8_t> sources;  // 1 with a source, 0 without (text, shape)
     std::vector<LayerRun> runs;
+    // 1 drawn; 0 left out of what is drawn and framed, as the preview leaves it out: its corners,
+    // before or after the run, are not drawable(). Its corners are then zeros in both states.
+    std::vector<std::uint8_t> drawn;
     std::vector<std::uint32_t> copy_of;  // for a copy the run made, the copied layer's number in the scene read; else 0
     std::vector<float> corners_before, corners_after;
     std::vector<double> values_before, values_after;

@@ -356,6 +356,7 @@ test('with "Sector" the surface is outlined only on the half it admits', async (
   const admitted = [-67.5, -22.5, 22.5, 67.5];
   const points = [...admitted, ...admitted.map((a) => a + 180)].map(rim);
   const block = [-3, -2, -1, 0, 1, 2, 3].flatMap((dy) => [-3, -2, -1, 0, 1, 2, 3].map((dx) => [dx, dy]));
+  const cover = await coveredRects(page);
   const got = await pixels(page, points.flatMap((p) => block.map(([dx, dy]) => ({ x: p.x + dx, y: p.y + dy }))), path.join(kShots, 'sector-top.png'));
   const lightness = ([r, g, b]) => 0.299 * r + 0.587 * g + 0.114 * b;
   const background = rgb(palette.background);
@@ -367,13 +368,69 @@ test('with "Sector" the surface is outlined only on the half it admits', async (
       // The surface's grey, drawn three-quarters opaque over the background.
       assert.ok(lightness(darkest) < lightness(background) - 30 && Math.max(...darkest) - Math.min(...darkest) < 40,
         `${where}: wanted the surface, the darkest pixel is rgb(${darkest})`);
-    } else if (p.x >= 4 && p.x < camera.width - 4 && p.y >= 4 && p.y < camera.height - 4) {
+    } else if (p.x >= 4 && p.x < camera.width - 4 && p.y >= 4 && p.y < camera.height - 4 && !covered(cover, p.x, p.y)) {
       assert.ok(seen.every((c) => c.every((v, k) => Math.abs(v - background[k]) <= 6)), `${where}: wanted background, saw rgb(${darkest})`);
     }
   });
-  // The view is framed on what is drawn: the far side of the whole rim lies beyond the picture.
+  // The view is framed on what is drawn: the far side of the whole rim lies out of sight, beyond
+  // the picture or under the toolbar.
   const far = rim(180);
-  assert.ok(far.y < 0, `the rim's far point is at (${far.x.toFixed(0)}, ${far.y.toFixed(0)}), inside the picture`);
+  assert.ok(far.y < 0 || covered(cover, far.x, far.y), `the rim's far point is at (${far.x.toFixed(0)}, ${far.y.toFixed(0)}), in sight`);
+  assert.deepEqual(errors, []);
+  await page.close();
+});
+
+// The chosen layer's panel after a search for its name, and the view's target before and after.
+async function findLayer(page, name) {
+  const was = (await view(page)).target;
+  await page.click('#search');
+  await page.keyboard.type(name);
+  await page.keyboard.press('Enter');
+  await frames(page, 2);
+  const panel = await page.$eval('#details', (e) => [...e.querySelectorAll('h2, p')].map((p) => p.textContent));
+  return { panel, was, target: (await view(page)).target };
+}
+
+test('a layer too large to draw is left out, as the preview leaves it out, and the page says so', async () => {
+  const layers = ['Card 1', 'Huge', 'Card 3', 'Card 4'].map((name) => ({
+    name, type: 'av', three_d: true, source: { width: 400, height: 300 }, position: [960, 540, 0],
+    scale: name === 'Huge' ? [1e30, 1e30, 100] : [100, 100, 100], orientation: [0, 0, 0], rotation: [0, 0, 0], selected: true,
+  }));
+  const file = path.join(work, 'huge-scene.json');
+  fs.writeFileSync(file, JSON.stringify({ comp: { name: 'Huge', width: 1920, height: 1080 }, layers }));
+  const run = makePage('huge', [file]);
+  const { page, errors } = await open(chromium.browser, run.file);
+  assert.match(await page.$eval('#summary', (e) => e.textContent), /: 4 3D layers, 4 arranged, 0 made as copies, 1 not drawn: too large or not finite to draw\. /);
+  // The other cards where the scene puts them, framed on them, and nothing of the huge one.
+  await press(page, '[data-view="front"]');
+  const others = rectangles(run.after).filter((r) => r.layer.name !== 'Huge');
+  const result = await compare(page, viewCamera(await view(page)), others, 'huge-front.png', run.after);
+  assert.deepEqual(result.failed, []);
+  assert.ok(result.cards >= 2 && result.empty >= 20, `${result.cards} cards and ${result.empty} empty points checked`);
+  // Found by its name, it is said to be left out, and the view stays.
+  const found = await findLayer(page, 'Huge');
+  assert.deepEqual(found.panel.slice(0, 4), ['Huge', 'Footage layer 2', 'Put on the surface by the run', 'Left out of the drawing: too large or not finite to draw']);
+  assert.deepEqual(found.target, found.was);
+  assert.deepEqual(errors, []);
+  await page.close();
+});
+
+test('layers the repeat cut left out are counted and marked as the summary names them', async () => {
+  const report = path.join(work, 'cut-report.json');
+  const args = [path.join(process.env.ORBISETT_PAGE_DIR, '../../docs/cards.json'), '--set', 'CHECK_REPEAT_LAYERS=on',
+    '--set', 'EDIT_MIN_LONGITUDE=120', '--set', 'EDIT_DIM_Y=10'];
+  runTool([...args, '--json-report', report]);
+  const leftOut = readJson(report).left_out.map((l) => l.name);
+  assert.deepEqual(leftOut, ['Photo 4', 'Photo 5', 'Photo 6', 'Caption']);
+  const run = makePage('cut', args);
+  const { page, errors } = await open(chromium.browser, run.file);
+  assert.match(await page.$eval('#summary', (e) => e.textContent), /: 7 3D layers, 3 arranged, 0 made as copies, 4 taken but not written, exactly as they were\. /);
+  for (const [name, run] of [['Photo 6', 'Taken by the run, but not written by it: exactly as it was'], ['Photo 1', 'Put on the surface by the run']]) {
+    const found = await findLayer(page, name);
+    assert.deepEqual(found.panel.slice(0, 3), [name, `Footage layer ${name.slice(-1)}`, run]);
+    await page.keyboard.press('Escape');
+    await page.$eval('#search', (e) => { e.value = ''; });
+  }
   assert.deepEqual(errors, []);
   await page.close();
 });

@@ -34,6 +34,7 @@ const kRuns = {
   not_reached: 'Taken by the run, but not reached by the layout',
   moved: 'Changed by the run',
   kept: 'Not changed by the run',
+  left_out: 'Taken by the run, but not written by it: exactly as it was',
 };
 
 function describeRun(layer) {
@@ -67,6 +68,9 @@ export class Details {
     close.title = 'Close (Esc)';
     body.append(close, element(doc, 'h2', layer.name), element(doc, 'p', describeKind(layer), 'meta'));
     body.append(element(doc, 'p', describeRun(layer), layer.copyOf !== undefined ? 'meta copy' : 'meta'));
+    if (!layer.drawn) {
+      body.append(element(doc, 'p', 'Left out of the drawing: too large or not finite to draw', 'meta not-drawn'));
+    }
     const table = element(doc, 'table');
     const head = element(doc, 'tr');
     head.append(element(doc, 'th'), element(doc, 'th', 'before'), element(doc, 'th', 'after'));

@@ -19,6 +19,14 @@ function summary(data) {
   if (notReached > 0) {
     parts.push(`${notReached} not reached by the layout`);
   }
+  const leftOut = layers.countRun('left_out');
+  if (leftOut > 0) {
+    parts.push(`${leftOut} taken but not written, exactly as they were`);
+  }
+  const notDrawn = layers.countNotDrawn();
+  if (notDrawn > 0) {
+    parts.push(`${notDrawn} not drawn: too large or not finite to draw`);
+  }
   return `"${data.comp.name}", ${data.comp.width} × ${data.comp.height}: ${layers.count} 3D layers, ` +
     `${parts.join(', ')}. ${data.surface.description}`;
 }

@@ -99,7 +99,7 @@ export class Page {
   choose(index, centre = false) {
     this.selection.choose(index);
     this.loop.requestRender();
-    if (index >= 0 && centre) {
+    if (index >= 0 && centre && this.data.layers.isDrawn(index)) {
       const box = new Box3().setFromArray(this.selection.corners());
       this.views.centreOn(box.getCenter(new Vector3()));
     }

@@ -10,7 +10,7 @@ const kValueNumbers = 12;
 // Position, Orientation, Scale, X, Y and Z Rotation.
 const kKeyCounts = 6;
 const kKinds = ['footage', 'text', 'shape'];
-const kRuns = ['arranged', 'not_reached', 'moved', 'kept'];
+const kRuns = ['arranged', 'not_reached', 'moved', 'kept', 'left_out'];
 const kArrays = { u8: Uint8Array, u32: Uint32Array, f32: Float32Array, f64: Float64Array };
 
 function bytesOf(base64) {
@@ -56,6 +56,8 @@ export class Layers {
     this.kinds = column(written, 'kinds', 'u8', 1);
     this.sources = column(written, 'sources', 'u8', 1);
     this.runs = column(written, 'runs', 'u8', 1);
+    // 0 for a layer too large or not finite to draw: its corners are zeros, and it is not drawn.
+    this.drawn = column(written, 'drawn', 'u8', 1);
     this.copyOf = column(written, 'copy_of', 'u32', 1);
     this.corners = {
       before: column(written, 'corners_before', 'f32', kCornerNumbers),
@@ -82,6 +84,14 @@ export class Layers {
     return this.runs.reduce((sum, r) => sum + (r === code ? 1 : 0), 0);
   }
 
+  isDrawn(index) {
+    return this.drawn[index] !== 0;
+  }
+
+  countNotDrawn() {
+    return this.drawn.reduce((sum, d) => sum + (d === 0 ? 1 : 0), 0);
+  }
+
   countCopies() {
     return this.copyOf.reduce((sum, c) => sum + (c !== 0 ? 1 : 0), 0);
   }
@@ -94,6 +104,7 @@ export class Layers {
       number: this.numbers[index],
       kind: kKinds[this.kinds[index]],
       source: this.hasSource(index),
+      drawn: this.isDrawn(index),
       run: kRuns[this.runs[index]],
       copyOf: this.isCopy(index) ? this.copyOf[index] : undefined,
       before: triples(this.values.before, index * kValueNumbers),

@@ -21,7 +21,8 @@ export class Selection {
   // Chooses the layer of `index`, or none for -1.
   choose(index) {
     this.index = index;
-    this.outline.visible = index >= 0;
+    // A layer left out of the drawing has nowhere to be outlined.
+    this.outline.visible = index >= 0 && this.layers.isDrawn(index);
     if (index < 0) {
       this.details.hide();
       return;

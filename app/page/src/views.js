@@ -9,9 +9,9 @@ const kFieldOfView = 35;
 const kOverviewElevation = 28;
 const kHostUp = new Vector3(0, -1, 0);
 // Through the scene's camera the composition's frame fills this much of the view, leaving room
-// for the toolbar; the other views fill about as much with the scene.
+// for the toolbar above and the status lines below; the other views fill as much with the scene.
 export const kCameraViewFill = 0.8;
-const kSceneFill = 0.85;
+const kSceneFill = 0.8;
 
 // Directions from the scene's centre to the eye.
 const kDirections = {
