@@ -45,6 +45,7 @@ int run(const app::Options& options) {
     std::optional<app::PageData> page;
     if (!options.html.empty()) {
         page = app::pageSceneData(result.before(), result.host->project(), outcome);
+        app::addPageWarnings(report, *page);
     }
     const int status = report.failures.empty() ? kDone : kFailure;
     std::vector<app::OutputFile> outputs =

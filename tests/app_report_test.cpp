@@ -89,6 +89,9 @@ TEST_F(Report, RepeatsTheHostMadeOtherwiseOrCutAndLayersThePreviewCannotDraw) {
     EXPECT_EQ(warnings(scene, {}, {"--preview", path("p.svg")}),
               Lines{"--preview leaves out \"Card 2\": its corners are too large or not finite numbers, so it cannot be "
                     "drawn"});
+    EXPECT_EQ(warnings(scene, {}, {"--html", path("p.html")}),
+              Lines{"--html leaves out \"Card 2\": its corners, before or after the run, are too large or not finite "
+                    "numbers, so it cannot be drawn"});
     EXPECT_EQ(warnings(scene, {}), Lines{});  // without a picture nothing is left out
 }
 

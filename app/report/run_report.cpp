@@ -247,6 +247,18 @@ void addGltfWarnings(RunReport& report, const GltfScene& scene) {
     }
 }
 
+void addPageWarnings(RunReport& report, const PageData& page) {
+    for (std::size_t i = 0; i < page.layers.size(); ++i) {
+        if (page.layers.drawn[i] == 0) {
+            report.warnings.push_back(
+                {"", "page_left_out",
+                 "--html leaves out \"" + page.layers.names[i] +
+                     "\": its corners, before or after the run, are too large or not finite numbers, so it "
+                     "cannot be drawn"});
+        }
+    }
+}
+
 std::string summaryText(const RunReport& r) {
     std::string text = "Summary\n";
     text += "  arranged:     " + arrangedLine(r) + "\n";

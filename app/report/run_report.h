@@ -5,6 +5,7 @@
 
 #include "app/drawing/preview_picture.h"
 #include "app/gltf/gltf_scene.h"
+#include "app/page/scene_data.h"
 #include "app/report/run_outcome.h"
 #include "app/report/run_warnings.h"
 #include "app/run/session.h"
@@ -51,6 +52,8 @@ RunReport describeRun(const SessionResult& run, const RunOutcome& outcome);
 void addPreviewWarnings(RunReport& report, const PreviewPicture& preview);
 // A warning for each layer the glTF file leaves out.
 void addGltfWarnings(RunReport& report, const GltfScene& scene);
+// A warning for each layer the 3D page leaves out of what it draws.
+void addPageWarnings(RunReport& report, const PageData& page);
 
 // The summary as lines for the terminal, after the table.
 std::string summaryText(const RunReport& report);
