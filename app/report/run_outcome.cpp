@@ -197,6 +197,21 @@ std::optional<RingClosing> ringClosing(const RunOutcome& out, const RunFacts& fa
     return RingClosing{last.id, stretch};
 }
 
+// Taken layers the step did not write, in the order taken.
+std::vector<host::Id> notWritten(const std::vector<host::Id>& taken, const std::vector<host::Id>& written) {
+    const std::set<host::Id> wrote(written.begin(), written.end());
+    std::vector<host::Id> ids;
+    std::copy_if(taken.begin(), taken.end(), std::back_inserter(ids),
+                 [&](host::Id id) { return wrote.count(id) == 0; });
+    return ids;
+}
+
+// The same test that has the sector modes place nothing keeps every placement from turning, also
+// the ones that ignore the sector.
+bool turnsLeftAlone(const DialogReading& dialog) {
+    return dialog.on(RADIO_SECTOR) && controls::sectorAdmitsNone(dialog.sectorBoxes());
+}
+
 }  // namespace
 
 const char* modeName(SurfaceMode mode) {
@@ -280,9 +295,7 @@ RunOutcome decideOutcome(const RunFacts& facts, const DialogReading& dialog) {
         points.push_back(layoutPoint(layer.position, surface.centre));
     }
     if (out.apply == ApplyState::applied) {
-        const std::set<host::Id> written(out.written.begin(), out.written.end());
-        std::copy_if(out.taken.begin(), out.taken.end(), std::back_inserter(out.left_out),
-                     [&](host::Id id) { return written.count(id) == 0; });
+        out.left_out = notWritten(out.taken, out.written);
     }
     const std::optional<Shape> shape = usedShape(out, points, dialog, surface.notes);
     if (!shape) {
@@ -312,8 +325,7 @@ RunOutcome decideOutcome(const RunFacts& facts, const DialogReading& dialog) {
         (ring_built || onShape(points[i], *shape) ? out.arranged : out.not_reached).push_back(out.written[i]);
     }
     out.ring_closing = ringClosing(out, facts);
-    // The same test that has the sector modes place nothing keeps every placement from turning.
-    if (!out.arranged.empty() && dialog.on(RADIO_SECTOR) && controls::sectorAdmitsNone(dialog.sectorBoxes())) {
+    if (!out.arranged.empty() && turnsLeftAlone(dialog)) {
         surface.notes.push_back(
             "the layers were placed but not turned: with RADIO_SECTOR on and no sector box ticked, \"Apply\" leaves "
             "Orientation and the rotations as they were");
