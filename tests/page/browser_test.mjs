@@ -415,6 +415,27 @@ test('a layer too large to draw is left out, as the preview leaves it out, and t
   await page.close();
 });
 
+test('a layer far from the rest is left out of the framing, so the others stay in view, and the page says so', async () => {
+  const layers = ['Card 1', 'Far', 'Card 3', 'Card 4'].map((name, i) => ({
+    name, type: 'av', three_d: true, source: { width: 400, height: 300 }, position: [name === 'Far' ? 5e7 : 560 + 400 * i, 540, 0],
+    scale: [100, 100, 100], orientation: [0, 0, 0], rotation: [0, 0, 0], selected: true,
+  }));
+  const file = path.join(work, 'far-scene.json');
+  fs.writeFileSync(file, JSON.stringify({ comp: { name: 'Far', width: 1920, height: 1080 }, layers }));
+  const run = makePage('far', [file, '--no-apply']);
+  const { page, errors } = await open(chromium.browser, run.file);
+  assert.match(await page.$eval('#summary', (e) => e.textContent), /: 4 3D layers, 0 arranged, 0 made as copies, 1 far from the rest before or after the run, out of view there\. /);
+  const others = rectangles(run.after).filter((r) => r.layer.name !== 'Far');
+  for (const name of ['front', 'camera']) {
+    await press(page, `[data-view="${name}"]`);
+    const result = await compare(page, viewCamera(await view(page)), others, `far-${name}.png`, run.after);
+    assert.deepEqual(result.failed, [], name);
+    assert.ok(result.cards >= 2, `${name}: ${result.cards} cards checked`);
+  }
+  assert.deepEqual(errors, []);
+  await page.close();
+});
+
 test('layers the repeat cut left out are counted and marked as the summary names them', async () => {
   const report = path.join(work, 'cut-report.json');
   const args = [path.join(process.env.ORBISETT_PAGE_DIR, '../../docs/cards.json'), '--set', 'CHECK_REPEAT_LAYERS=on',

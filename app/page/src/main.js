@@ -1,6 +1,7 @@
 // The page orbisett-host writes with --html: the composition after a run in 3D, to turn around,
 // search and compare with the scene as it was.
 import WebGL from 'three/addons/capabilities/WebGL.js';
+import { sceneBounds } from './bounds.js';
 import { Page } from './page.js';
 import { publishPalette, readPalette } from './palette.js';
 import { readSceneData } from './scene_data.js';
@@ -12,7 +13,7 @@ function showMessage(doc, text) {
   message.hidden = false;
 }
 
-function summary(data) {
+function summary(data, far) {
   const { layers } = data;
   const parts = [`${layers.countRun('arranged')} arranged`, `${layers.countCopies()} made as copies`];
   const notReached = layers.countRun('not_reached');
@@ -26,6 +27,9 @@ function summary(data) {
   const notDrawn = layers.countNotDrawn();
   if (notDrawn > 0) {
     parts.push(`${notDrawn} not drawn: too large or not finite to draw`);
+  }
+  if (far > 0) {
+    parts.push(`${far} far from the rest before or after the run, out of view there`);
   }
   return `"${data.comp.name}", ${data.comp.width} × ${data.comp.height}: ${layers.count} 3D layers, ` +
     `${parts.join(', ')}. ${data.surface.description}`;
@@ -42,7 +46,7 @@ function start() {
     return;
   }
   publishPalette(doc.documentElement, data.palette);
-  doc.getElementById('summary').textContent = summary(data);
+  doc.getElementById('summary').textContent = summary(data, sceneBounds(data).far);
   if (!WebGL.isWebGL2Available()) {
     showMessage(doc, 'This page draws the composition with WebGL 2, which this browser does not offer ' +
       '(it may be turned off in its settings, or the graphics driver may be blocked). Open the page in ' +
