@@ -333,12 +333,13 @@ void buffers(JsonText& json, const std::vector<unsigned char>& bytes, GltfFormat
 
 }  // namespace
 
-GltfDocument gltfDocument(const GltfScene& scene, GltfFormat format) {
-    JsonText json(nullptr, true);
+std::vector<unsigned char> writeGltfJson(const GltfScene& scene, GltfFormat format, std::ostream& out) {
+    JsonText json(&out, true);
     json.beginObject();
     asset(json, scene);
     const NodeNumbers n = nodeNumbers(scene);
     scenes(json, scene, n);
+    std::vector<unsigned char> bytes;
     if (scene.has_comp) {
         GltfBuffer buffer;
         Materials materials;
@@ -362,14 +363,12 @@ GltfDocument gltfDocument(const GltfScene& scene, GltfFormat format) {
         buffer.writeAccessors(json);
         json.key("bufferViews");
         buffer.writeViews(json);
-        GltfDocument document{{}, buffer.bytes()};
-        buffers(json, document.buffer, format);
-        json.endObject();
-        document.json = json.take();
-        return document;
+        bytes = buffer.bytes();
+        buffers(json, bytes, format);
     }
     json.endObject();
-    return {json.take(), {}};
+    json.finish();
+    return bytes;
 }
 
 }  // namespace app

@@ -1,9 +1,9 @@
-// The glTF document of a scene: its JSON and its one buffer.
+// The glTF document of a scene: its JSON, written as it is made, and its one buffer.
 #pragma once
 
 #include "app/gltf/gltf_scene.h"
 
-#include <string>
+#include <ostream>
 #include <vector>
 
 namespace app {
@@ -12,11 +12,8 @@ namespace app {
 // a data URI (.gltf).
 enum class GltfFormat { binary, text };
 
-struct GltfDocument {
-    std::string json;
-    std::vector<unsigned char> buffer;
-};
-
-GltfDocument gltfDocument(const GltfScene& scene, GltfFormat format);
+// Writes the document's JSON to `out` as it is made, a piece at a time, and returns the bytes of
+// its one buffer: a document of tens of thousands of nodes is never held whole.
+std::vector<unsigned char> writeGltfJson(const GltfScene& scene, GltfFormat format, std::ostream& out);
 
 }  // namespace app

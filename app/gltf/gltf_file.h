@@ -19,6 +19,6 @@ std::string gltfNameProblem(std::string_view path);
 // A binary file: a 12-byte header ("glTF", version 2, the file's length), then the JSON chunk
 // padded with spaces and the buffer's chunk padded with zeros, each to four bytes, each after its
 // length and type; little-endian throughout. A JSON file: the document as it is.
-void writeGltf(const GltfDocument& document, GltfFormat format, std::ostream& out);
+void writeGltf(const GltfScene& scene, GltfFormat format, std::ostream& out);
 
 }  // namespace app

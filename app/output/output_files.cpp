@@ -65,9 +65,8 @@ std::vector<OutputFile> outputFiles(const Options& options, const SessionResult&
         files.push_back({"--html", options.html, [page](std::ostream& out) { writeHtmlPage(out, *page); }});
     }
     if (const std::optional<GltfFormat> format = gltfFormat(options.gltf); format && gltf != nullptr) {
-        // Made as it is written, so that a large one is not held beside the others.
-        files.push_back({"--gltf", options.gltf,
-                         [gltf, f = *format](std::ostream& out) { writeGltf(gltfDocument(*gltf, f), f, out); }});
+        // Written as it is made, so that a large document is never held whole.
+        files.push_back({"--gltf", options.gltf, [gltf, f = *format](std::ostream& out) { writeGltf(*gltf, f, out); }});
     }
     if (!options.json_report.empty()) {
         files.push_back(outputOf("--json-report", options.json_report, report.dump(2) + "\n"));
