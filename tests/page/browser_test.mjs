@@ -432,6 +432,10 @@ test('a layer far from the rest is left out of the framing, so the others stay i
     assert.deepEqual(result.failed, [], name);
     assert.ok(result.cards >= 2, `${name}: ${result.cards} cards checked`);
   }
+  // Found by its name, it is said to be out of view, and the view stays on the rest.
+  const found = await findLayer(page, 'Far');
+  assert.deepEqual(found.panel.slice(0, 4), ['Far', 'Footage layer 2', 'Not changed by the run', 'Far from the rest before or after the run: out of view']);
+  assert.deepEqual(found.target, found.was);
   assert.deepEqual(errors, []);
   await page.close();
 });

@@ -24,12 +24,12 @@ function frameAndSurface(data) {
   return box;
 }
 
-// Both states of every drawn layer within `reach`, and how many drawn layers lie beyond it.
+// Both states of every drawn layer within `reach`; the drawn layers beyond it marked far.
 function layersBox(layers, reach) {
   const box = new Box3();
   const state = new Box3();
   const point = new Vector3();
-  let far = 0;
+  const far = new Uint8Array(layers.count);
   for (let i = 0; i < layers.count; i += 1) {
     if (!layers.isDrawn(i)) {
       continue;
@@ -46,7 +46,7 @@ function layersBox(layers, reach) {
         near = false;
       }
     }
-    far += near ? 0 : 1;
+    far[i] = near ? 0 : 1;
   }
   return { box, far };
 }
@@ -70,7 +70,7 @@ function medianDistance(layers, centre) {
 
 // The box around what the views frame (`box`), the sphere `fit` around it, a sphere around all
 // that is drawn near it, the scene's camera too when it is near (`extent`), and the number of
-// layers left out of the framing (`far`).
+// layers left out of the framing (`far`, 1 for each such layer).
 export function sceneBounds(data) {
   const core = frameAndSurface(data);
   const size = core.getSize(new Vector3());

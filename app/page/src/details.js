@@ -70,6 +70,8 @@ export class Details {
     body.append(element(doc, 'p', describeRun(layer), layer.copyOf !== undefined ? 'meta copy' : 'meta'));
     if (!layer.drawn) {
       body.append(element(doc, 'p', 'Left out of the drawing: too large or not finite to draw', 'meta not-drawn'));
+    } else if (layer.far) {
+      body.append(element(doc, 'p', 'Far from the rest before or after the run: out of view', 'meta not-drawn'));
     }
     const table = element(doc, 'table');
     const head = element(doc, 'tr');

@@ -13,7 +13,7 @@ function showMessage(doc, text) {
   message.hidden = false;
 }
 
-function summary(data, far) {
+function summary(data) {
   const { layers } = data;
   const parts = [`${layers.countRun('arranged')} arranged`, `${layers.countCopies()} made as copies`];
   const notReached = layers.countRun('not_reached');
@@ -28,6 +28,7 @@ function summary(data, far) {
   if (notDrawn > 0) {
     parts.push(`${notDrawn} not drawn: too large or not finite to draw`);
   }
+  const far = layers.countFar();
   if (far > 0) {
     parts.push(`${far} far from the rest before or after the run, out of view there`);
   }
@@ -46,7 +47,8 @@ function start() {
     return;
   }
   publishPalette(doc.documentElement, data.palette);
-  doc.getElementById('summary').textContent = summary(data, sceneBounds(data).far);
+  data.layers.far = sceneBounds(data).far;
+  doc.getElementById('summary').textContent = summary(data);
   if (!WebGL.isWebGL2Available()) {
     showMessage(doc, 'This page draws the composition with WebGL 2, which this browser does not offer ' +
       '(it may be turned off in its settings, or the graphics driver may be blocked). Open the page in ' +

@@ -99,7 +99,8 @@ export class Page {
   choose(index, centre = false) {
     this.selection.choose(index);
     this.loop.requestRender();
-    if (index >= 0 && centre && this.data.layers.isDrawn(index)) {
+    // A layer far from the rest lies beyond the views' depth range: the view stays.
+    if (index >= 0 && centre && this.data.layers.isDrawn(index) && !this.data.layers.isFar(index)) {
       const box = new Box3().setFromArray(this.selection.corners());
       this.views.centreOn(box.getCenter(new Vector3()));
     }

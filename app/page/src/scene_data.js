@@ -68,6 +68,8 @@ export class Layers {
       after: column(written, 'values_after', 'f64', kValueNumbers),
     };
     this.keys = column(written, 'keys', 'u32', kKeyCounts);
+    // 1 for a layer far from the rest, left out of the views' framing; set once the page knows.
+    this.far = new Uint8Array(this.count);
   }
 
   isCopy(index) {
@@ -88,6 +90,14 @@ export class Layers {
     return this.drawn[index] !== 0;
   }
 
+  isFar(index) {
+    return this.far[index] !== 0;
+  }
+
+  countFar() {
+    return this.far.reduce((sum, f) => sum + f, 0);
+  }
+
   countNotDrawn() {
     return this.drawn.reduce((sum, d) => sum + (d === 0 ? 1 : 0), 0);
   }
@@ -105,6 +115,7 @@ export class Layers {
       kind: kKinds[this.kinds[index]],
       source: this.hasSource(index),
       drawn: this.isDrawn(index),
+      far: this.isFar(index),
       run: kRuns[this.runs[index]],
       copyOf: this.isCopy(index) ? this.copyOf[index] : undefined,
       before: triples(this.values.before, index * kValueNumbers),
