@@ -110,8 +110,6 @@ double outlineWidth(const std::vector<PreviewItem>& items) {
     return std::clamp(kInk * span / perimeter, kThinnest, kFaceOutline);
 }
 
-Box boxOf(const Label& label) { return {label.low.x, label.low.y, label.high.x, label.high.y}; }
-
 // A guide line keeps this far from a name's box.
 constexpr double kLineGap = 4;
 // Half the length of a stroke of the centre's cross.

@@ -57,8 +57,6 @@ Box boxOf(std::span<const Point2> points) {
     return box;
 }
 
-Box boxOf(const Label& label) { return {label.low.x, label.low.y, label.high.x, label.high.y}; }
-
 bool meet(const Box& a, const Box& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
@@ -68,6 +66,8 @@ bool hides(const PaintedFace& face, const Label& label) {
 }
 
 }  // namespace
+
+Box boxOf(const Label& label) { return {label.low.x, label.low.y, label.high.x, label.high.y}; }
 
 bool covers(std::span<const Point2> face, const Label& label) {
     const Point2 box[] = {label.low, {label.high.x, label.low.y}, label.high, {label.low.x, label.high.y}};

@@ -3,6 +3,7 @@
 // And which of the names that fit stay readable once everything painted after them is painted.
 #pragma once
 
+#include "app/drawing/box_index.h"
 #include "app/drawing/drawing.h"
 
 #include <optional>
@@ -21,6 +22,9 @@ struct Label {
     double size = 0;
     Point2 low, high;  // the box the letters take, with a little room around them
 };
+
+// The box the label's letters take.
+Box boxOf(const Label& label);
 
 // `face` is the outline as drawn (convex, either winding); `centre` the layer's centre on it.
 std::optional<Label> fitLabel(std::span<const Point2> face, Point2 centre, std::string_view name);

@@ -65,8 +65,8 @@ std::optional<std::pair<Vec3, Vec3>> View::clipNear(const Vec3& a, const Vec3& b
     return da > 0 ? std::pair{a, cut} : std::pair{cut, b};
 }
 
-std::optional<std::pair<Point2, Point2>> clipToArea(Point2 a, Point2 b, const Area& area) {
-    // Liang and Barsky: the segment a + t (b - a), t in [0, 1], cut by each side in turn.
+std::optional<std::pair<double, double>> spanInArea(Point2 a, Point2 b, const Area& area) {
+    // Liang and Barsky: the segment cut by each side in turn.
     double t0 = 0, t1 = 1;
     const double dx = b.x - a.x, dy = b.y - a.y;
     const double p[4] = {-dx, dx, -dy, dy};
@@ -88,7 +88,17 @@ std::optional<std::pair<Point2, Point2>> clipToArea(Point2 a, Point2 b, const Ar
             return std::nullopt;
         }
     }
-    return std::pair{Point2{a.x + t0 * dx, a.y + t0 * dy}, Point2{a.x + t1 * dx, a.y + t1 * dy}};
+    return std::pair{t0, t1};
+}
+
+std::optional<std::pair<Point2, Point2>> clipToArea(Point2 a, Point2 b, const Area& area) {
+    const auto span = spanInArea(a, b, area);
+    if (!span) {
+        return std::nullopt;
+    }
+    const double dx = b.x - a.x, dy = b.y - a.y;
+    return std::pair{Point2{a.x + span->first * dx, a.y + span->first * dy},
+                     Point2{a.x + span->second * dx, a.y + span->second * dy}};
 }
 
 Camera cameraLookingAt(const Vec3& eye, const Vec3& target) {

@@ -57,6 +57,10 @@ private:
     double scale_ = 1, offset_x_ = 0, offset_y_ = 0;
 };
 
+// Where the segment a + t (b - a), t in [0, 1], runs inside `area`: the span of t, perhaps a single
+// point; nothing when it misses it.
+std::optional<std::pair<double, double>> spanInArea(Point2 a, Point2 b, const Area& area);
+
 // The part of a segment inside `area`; nothing when it misses it.
 std::optional<std::pair<Point2, Point2>> clipToArea(Point2 a, Point2 b, const Area& area);
 

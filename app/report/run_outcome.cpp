@@ -197,15 +197,6 @@ std::optional<RingClosing> ringClosing(const RunOutcome& out, const RunFacts& fa
     return RingClosing{last.id, stretch};
 }
 
-// Taken layers the step did not write, in the order taken.
-std::vector<host::Id> notWritten(const std::vector<host::Id>& taken, const std::vector<host::Id>& written) {
-    const std::set<host::Id> wrote(written.begin(), written.end());
-    std::vector<host::Id> ids;
-    std::copy_if(taken.begin(), taken.end(), std::back_inserter(ids),
-                 [&](host::Id id) { return wrote.count(id) == 0; });
-    return ids;
-}
-
 // The same test that has the sector modes place nothing keeps every placement from turning, also
 // the ones that ignore the sector.
 bool turnsLeftAlone(const DialogReading& dialog) {
@@ -228,6 +219,13 @@ const char* modeName(SurfaceMode mode) {
             return "Radius Set by First";
     }
     return "";
+}
+
+std::vector<host::Id> idsWithout(const std::vector<host::Id>& ids, const std::vector<host::Id>& removed) {
+    const std::set<host::Id> gone(removed.begin(), removed.end());
+    std::vector<host::Id> kept;
+    std::copy_if(ids.begin(), ids.end(), std::back_inserter(kept), [&](host::Id id) { return gone.count(id) == 0; });
+    return kept;
 }
 
 std::string percentText(double fraction) { return number(fraction * 100); }
@@ -295,7 +293,7 @@ RunOutcome decideOutcome(const RunFacts& facts, const DialogReading& dialog) {
         points.push_back(layoutPoint(layer.position, surface.centre));
     }
     if (out.apply == ApplyState::applied) {
-        out.left_out = notWritten(out.taken, out.written);
+        out.left_out = idsWithout(out.taken, out.written);
     }
     const std::optional<Shape> shape = usedShape(out, points, dialog, surface.notes);
     if (!shape) {

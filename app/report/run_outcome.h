@@ -91,6 +91,9 @@ std::string describeSurface(const Surface& surface);
 // The number of percent, as the summary prints it: "300", "99.7".
 std::string percentText(double fraction);
 
+// `ids` in their order, less those in `removed`.
+std::vector<host::Id> idsWithout(const std::vector<host::Id>& ids, const std::vector<host::Id>& removed);
+
 // How the last panel was sized to close the ring, naming it as given: "the last layer, "NAME",
 // was narrowed to 74.5 % of its width to close it" (stretched when it was made wider).
 std::string ringClosingText(const std::string& name, const RingClosing& closing);

@@ -5,7 +5,6 @@
 #include "controls/settings_table.h"
 
 #include <algorithm>
-#include <iterator>
 #include <set>
 #include <unordered_map>
 
@@ -117,10 +116,12 @@ std::string vectorText(const Vec3& v) {
     return "(" + tableNumber(v.x) + ", " + tableNumber(v.y) + ", " + tableNumber(v.z) + ")";
 }
 
-std::string layerList(const std::vector<NamedLayer>& layers) {
+// "N: #n "name", …", with each layer's type in brackets when `with_kind`.
+std::string layerList(const std::vector<NamedLayer>& layers, bool with_kind = false) {
     std::string line = std::to_string(layers.size()) + ":";
     for (std::size_t i = 0; i < layers.size() && i < kNamesShown; ++i) {
-        line += (i == 0 ? " #" : ", #") + std::to_string(layers[i].number) + " \"" + escapedText(layers[i].name) + "\"";
+        line += (i == 0 ? " #" : ", #") + std::to_string(layers[i].number) + " \"" + escapedText(layers[i].name) +
+                "\"" + (with_kind ? " (" + layers[i].kind + ")" : "");
     }
     if (layers.size() > kNamesShown) {
         line += " and " + std::to_string(layers.size() - kNamesShown) + " more";
@@ -155,25 +156,12 @@ std::vector<NamedLayer> notTaken(const host::Project& before, const host::Projec
     if (comp == nullptr) {
         return {};
     }
-    const std::set<host::Id> taken(outcome.taken.begin(), outcome.taken.end());
-    std::vector<host::Id> ids;
-    std::copy_if(comp->selection.begin(), comp->selection.end(), std::back_inserter(ids),
-                 [&](host::Id id) { return taken.count(id) == 0; });
-    return named(after, outcome.comp, ids);
+    return named(after, outcome.comp, idsWithout(comp->selection, outcome.taken));
 }
 
 std::string notTakenLine(const RunReport& r) {
-    std::string line = std::to_string(r.not_taken.size()) + ":";
-    for (std::size_t i = 0; i < r.not_taken.size() && i < kNamesShown; ++i) {
-        const NamedLayer& layer = r.not_taken[i];
-        line += (i == 0 ? " #" : ", #") + std::to_string(layer.number) + " \"" + escapedText(layer.name) + "\" (" +
-                layer.kind + ")";
-    }
-    if (r.not_taken.size() > kNamesShown) {
-        line += " and " + std::to_string(r.not_taken.size() - kNamesShown) + " more";
-    }
-    return line + (r.not_taken.size() == 1 ? " (selected, but the command did not take it)"
-                                           : " (selected, but the command did not take them)");
+    return layerList(r.not_taken, true) + (r.not_taken.size() == 1 ? " (selected, but the command did not take it)"
+                                                                   : " (selected, but the command did not take them)");
 }
 
 std::string undoLine(const RunReport& r) {

@@ -47,7 +47,8 @@ function start() {
     return;
   }
   publishPalette(doc.documentElement, data.palette);
-  data.layers.far = sceneBounds(data).far;
+  const bounds = sceneBounds(data);
+  data.layers.far = bounds.far;
   doc.getElementById('summary').textContent = summary(data);
   if (!WebGL.isWebGL2Available()) {
     showMessage(doc, 'This page draws the composition with WebGL 2, which this browser does not offer ' +
@@ -57,7 +58,7 @@ function start() {
   }
   let page;
   try {
-    page = new Page(doc, data);
+    page = new Page(doc, data, bounds);
   } catch (error) {
     showMessage(doc, `This page cannot draw the composition: ${error.message}`);
     return;

@@ -2,7 +2,6 @@
 // views, the move between before and after, the chosen layer, the name under the pointer, the
 // search box, the toolbar and the keys.
 import { Box3, Scene, Vector3 } from 'three';
-import { sceneBounds } from './bounds.js';
 import { Details, Tooltip } from './details.js';
 import { Hover } from './hover.js';
 import { wireKeys, wirePointer } from './input.js';
@@ -23,7 +22,8 @@ import { Views } from './views.js';
 const kManyLayers = 5000;
 
 export class Page {
-  constructor(doc, data) {
+  // `bounds` is what sceneBounds(data) gives.
+  constructor(doc, data, bounds) {
     this.doc = doc;
     this.data = data;
     const { layers, palette } = data;
@@ -32,7 +32,6 @@ export class Page {
     const many = layers.count > kManyLayers;
     this.loop = new RenderLoop(canvas, scene, { antialias: !many, background: palette.background });
 
-    const bounds = sceneBounds(data);
     this.layerMesh = new LayerMesh(layers, bounds.fit, { oneTriangleEach: many, palette });
     this.selection = new Selection(layers, new Details(doc, doc.getElementById('details'), () => this.choose(-1)), palette.selected);
     const around = surroundings(data);
